@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The rawificontrol authors
+// SPDX-License-Identifier: MIT
+#include "rafile.h"
+
+#include "ralog.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+const int safeFlags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+
+RaFile streamOf(int descriptor, const char* mode)
+{
+    struct stat about;
+    if (descriptor != -1 && (fstat(descriptor, &about) == -1 || !S_ISREG(about.st_mode))) {
+        close(descriptor);
+        return RaFile();
+    }
+    RaFile file(descriptor == -1 ? nullptr : fdopen(descriptor, mode));
+    if (descriptor != -1 && !file) {
+        close(descriptor);
+    }
+    return file;
+}
+
+bool failed(const char* what, const char* path)
+{
+    RA_WARN("%s %s: %s", what, path, std::strerror(errno));
+    return false;
+}
+
+bool flushDirectoryOf(const std::string& path)
+{
+    const std::string directory = path.substr(0, path.rfind('/') + 1);
+    const int descriptor = open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor == -1) {
+        return false;
+    }
+    const bool flushed = fsync(descriptor) == 0;
+    close(descriptor);
+    return flushed;
+}
+
+} // namespace
+
+RaFile raOpenForReading(const char* path)
+{
+    return streamOf(open(path, O_RDONLY | safeFlags), "r");
+}
+
+RaFile raOpenForUpdate(const char* path)
+{
+    return streamOf(open(path, O_RDWR | safeFlags), "r+");
+}
+
+RaFile raOpenForWriting(const char* path)
+{
+    RaFile file = streamOf(open(path, O_WRONLY | O_CREAT | safeFlags, 0600), "w");
+    // Emptied only once it is known to be a regular file; the mode holds for a file that was there before, too.
+    if (file && (fchmod(fileno(file.get()), 0600) == -1 || ftruncate(fileno(file.get()), 0) == -1)) {
+        return RaFile();
+    }
+    return file;
+}
+
+RaFile raCreateAnew(const char* path)
+{
+    unlink(path);
+    return streamOf(open(path, O_WRONLY | O_CREAT | O_EXCL | safeFlags, 0600), "w");
+}
+
+bool raReplaceFile(const char* path, const void* bytes, std::size_t size)
+{
+    const std::string temporary = std::string(path) + ".tmp";
+    RaFile file = raCreateAnew(temporary.c_str());
+    if (!file) {
+        return failed("cannot create", temporary.c_str());
+    }
+    const bool written = std::fwrite(bytes, 1, size, file.get()) == size && std::fflush(file.get()) == 0
+                         && fsync(fileno(file.get())) == 0;
+    if (!written) {
+        failed("cannot write", temporary.c_str());
+        file.reset();
+        unlink(temporary.c_str());
+        return false;
+    }
+    file.reset();
+    if (std::rename(temporary.c_str(), path) == -1) {
+        failed("cannot replace", path);
+        unlink(temporary.c_str());
+        return false;
+    }
+    if (!flushDirectoryOf(path)) {
+        failed("cannot flush the directory of", path); // the new file is in place; only its durability is in doubt
+    }
+    return true;
+}

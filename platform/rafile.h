@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The rawificontrol authors
+// SPDX-License-Identifier: MIT
+#ifndef RAWIFI_RAFILE_H
+#define RAWIFI_RAFILE_H
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+
+// Files in directories that every process may write: only regular files are opened, links are not followed,
+// and nothing waits (a FIFO is refused, not opened).
+
+struct RaFileCloser
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+typedef std::unique_ptr<std::FILE, RaFileCloser> RaFile;
+
+/** Opens an existing regular file; null when it is none or cannot be opened. */
+RaFile raOpenForReading(const char* path);
+
+/** As raOpenForReading(), but fails also when the file may not be written ("r+"). */
+RaFile raOpenForUpdate(const char* path);
+
+/** Empties or creates a regular file with mode 0600 and opens it; null when it cannot. */
+RaFile raOpenForWriting(const char* path);
+
+/** Creates a file with mode 0600 in place of whatever file or link is there, and opens it; null when it cannot. */
+RaFile raCreateAnew(const char* path);
+
+/**
+ * Replaces a file's content so that it holds either the old or the new bytes, whatever happens: temporary file
+ * in the same directory (the path and ".tmp"), mode 0600, write, fsync, rename, fsync of the directory.
+ * Returns false with the old file untouched and one log line that says what failed.
+ */
+bool raReplaceFile(const char* path, const void* bytes, std::size_t size);
+
+#endif

@@ -1,0 +1,250 @@
+// SPDX-FileCopyrightText: 2026 The rawificontrol authors
+// SPDX-License-Identifier: MIT
+#include "fakesystem.h"
+
+#include <QFile>
+#include <QMap>
+#include <dlfcn.h>
+#include <mutex>
+#include <sys/stat.h>
+#include <time.h>
+#include <unistd.h>
+
+namespace {
+
+struct Answer
+{
+    fakesystem::Script script;
+    bool comesToEnd;
+};
+
+struct State
+{
+    std::recursive_mutex mutex;
+    QList<QByteArray> commands;
+    QList<int> sleeps;
+    QMap<QByteArray, Answer> answers;
+    std::function<void(const QByteArray&)> beforeCommand;
+    std::function<void(int)> onSleep;
+    int syncs = 0;
+    int status = 0;
+    unsigned generation = 0;
+};
+
+State& state()
+{
+    static State* instance = new State; // outlives every static object of the library
+    return *instance;
+}
+
+typedef std::lock_guard<std::recursive_mutex> Lock;
+
+thread_local QList<int> t_sleeps;
+thread_local unsigned t_generation = 0;
+
+QList<int>& sleepsOfThisThread()
+{
+    if (t_generation != state().generation) {
+        t_generation = state().generation;
+        t_sleeps.clear();
+    }
+    return t_sleeps;
+}
+
+int runForReal(const QByteArray& command)
+{
+    typedef int (*System)(const char*);
+    static const System real = reinterpret_cast<System>(dlsym(RTLD_NEXT, "system"));
+    return real(command.constData());
+}
+
+bool isFileCommand(const QByteArray& command)
+{
+    const char* const tools[] = {"rm ", "echo ", "touch ", "mkdir ", "chmod ", "cat ", "cp "};
+    for (const char* tool : tools) {
+        if (command.startsWith(tool)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+int runCommand(const QByteArray& command)
+{
+    std::function<void(const QByteArray&)> hook;
+    {
+        const Lock lock(state().mutex);
+        hook = state().beforeCommand;
+    }
+    if (hook) {
+        hook(command);
+    }
+    Answer answer = {fakesystem::Script(), true};
+    {
+        const Lock lock(state().mutex);
+        state().commands.append(command);
+        if (isFileCommand(command)) {
+            return runForReal(command);
+        }
+        const QByteArray prefix = "sh /usr/bin/";
+        if (!command.startsWith(prefix)) {
+            return state().status;
+        }
+        const QByteArray name = command.mid(prefix.size()).split(';').first();
+        if (state().answers.contains(name)) {
+            answer = state().answers.value(name);
+        }
+    }
+    if (answer.script) {
+        answer.script();
+    }
+    const auto rest = command.indexOf(';');
+    return answer.comesToEnd && rest >= 0 ? runForReal(command.mid(rest + 1)) : 0;
+}
+
+void recordSleep(const timespec* duration)
+{
+    const int milliseconds = static_cast<int>(duration->tv_sec * 1000 + duration->tv_nsec / 1000000);
+    std::function<void(int)> hook;
+    {
+        const Lock lock(state().mutex);
+        state().sleeps.append(milliseconds);
+        sleepsOfThisThread().append(milliseconds);
+        hook = state().onSleep;
+    }
+    if (hook) {
+        hook(milliseconds);
+    }
+}
+
+} // namespace
+
+namespace fakesystem {
+
+void reset()
+{
+    const Lock lock(state().mutex);
+    state().commands.clear();
+    state().sleeps.clear();
+    state().answers.clear();
+    state().beforeCommand = nullptr;
+    state().onSleep = nullptr;
+    state().syncs = 0;
+    state().status = 0;
+    ++state().generation;
+}
+
+void answer(const char* name, const Script& script)
+{
+    const Lock lock(state().mutex);
+    state().answers.insert(name, Answer{script, true});
+}
+
+void answerWithoutEnd(const char* name, const Script& script)
+{
+    const Lock lock(state().mutex);
+    state().answers.insert(name, Answer{script, false});
+}
+
+void beforeCommand(const std::function<void(const QByteArray&)>& hook)
+{
+    const Lock lock(state().mutex);
+    state().beforeCommand = hook;
+}
+
+void onSleep(const std::function<void(int)>& hook)
+{
+    const Lock lock(state().mutex);
+    state().onSleep = hook;
+}
+
+QList<QByteArray> commands()
+{
+    const Lock lock(state().mutex);
+    return state().commands;
+}
+
+int count(const QByteArray& command)
+{
+    return static_cast<int>(commands().count(command));
+}
+
+QList<int> sleeps()
+{
+    const Lock lock(state().mutex);
+    return state().sleeps;
+}
+
+QList<int> sleepsHere()
+{
+    const Lock lock(state().mutex);
+    return sleepsOfThisThread();
+}
+
+int syncs()
+{
+    const Lock lock(state().mutex);
+    return state().syncs;
+}
+
+void setStatus(int status)
+{
+    const Lock lock(state().mutex);
+    state().status = status;
+}
+
+void writeFile(const char* path, const QByteArray& bytes)
+{
+    QFile file(QString::fromLatin1(path));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+        qFatal("cannot write %s", path);
+    }
+}
+
+QByteArray readFile(const char* path)
+{
+    QFile file(QString::fromLatin1(path));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool exists(const char* path)
+{
+    struct stat about;
+    return lstat(path, &about) == 0;
+}
+
+} // namespace fakesystem
+
+// The interposed functions; their declarations are the C library's.
+extern "C" {
+
+int system(const char* command)
+{
+    return runCommand(command);
+}
+
+int nanosleep(const timespec* duration, timespec*)
+{
+    recordSleep(duration);
+    return 0;
+}
+
+int clock_nanosleep(clockid_t, int, const timespec* duration, timespec*)
+{
+    recordSleep(duration);
+    return 0;
+}
+
+int usleep(useconds_t microseconds)
+{
+    const timespec duration = {static_cast<time_t>(microseconds / 1000000), (microseconds % 1000000) * 1000L};
+    recordSleep(&duration);
+    return 0;
+}
+
+void sync() noexcept
+{
+    const Lock lock(state().mutex);
+    ++state().syncs;
+}
+}
