@@ -5,6 +5,13 @@
 
 // The umbrella: every public class, record, function and global of the library.
 
+#include "raglobalfun.h"
+#include "rawifidata.h"
+#include "rawifiglobals.h"
+#include "rawifimonitor.h"
+#include "rawifirecords.h"
+#include "rawifiservice.h"
+
 #include <QCopChannel>
 
 #endif

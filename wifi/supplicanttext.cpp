@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The rawificontrol authors
+// SPDX-License-Identifier: MIT
+#include "supplicanttext.h"
+
+#include <openssl/evp.h>
+
+namespace {
+
+const int rawKeyDigits = 64;
+
+QByteArray quoted(const QByteArray& text)
+{
+    return '"' + text + '"';
+}
+
+// The supplicant refuses control characters, and takes a '#' behind an inner quote for a comment.
+bool readsBackFromQuotes(const QByteArray& text)
+{
+    for (int i = 0; i < text.size(); ++i) {
+        const unsigned char byte = static_cast<unsigned char>(text.at(i));
+        if (byte < 0x20 || byte == 0x7f) {
+            return false;
+        }
+    }
+    const auto quote = text.indexOf('"');
+    return quote < 0 || text.indexOf('#', quote) < 0;
+}
+
+/** The key that a passphrase stands for: PBKDF2 with HMAC-SHA-1, the name as salt, 4096 rounds (IEEE 802.11, J.4). */
+QByteArray derivedKey(const QByteArray& passphrase, const QByteArray& name)
+{
+    QByteArray key(32, '\0');
+    PKCS5_PBKDF2_HMAC_SHA1(passphrase.constData(), static_cast<int>(passphrase.size()),
+                           reinterpret_cast<const unsigned char*>(name.constData()), static_cast<int>(name.size()),
+                           4096, static_cast<int>(key.size()), reinterpret_cast<unsigned char*>(key.data()));
+    return key.toHex();
+}
+
+} // namespace
+
+bool fitsOneLine(const QByteArray& text)
+{
+    return !text.contains('\n') && !text.contains('\r');
+}
+
+QByteArray nameValue(const QByteArray& name)
+{
+    return readsBackFromQuotes(name) ? quoted(name) : name.toHex();
+}
+
+QByteArray pskValue(const QByteArray& psk, const QByteArray& name)
+{
+    if (psk.size() >= rawKeyDigits) {
+        return psk;
+    }
+    return readsBackFromQuotes(psk) ? quoted(psk) : derivedKey(psk, name);
+}
+
+QByteArray wepKeyValue(const QByteArray& key)
+{
+    const bool isText = key.size() == 5 || key.size() == 13 || key.size() == 16;
+    if (!isText) {
+        return key;
+    }
+    return readsBackFromQuotes(key) ? quoted(key) : key.toHex();
+}
