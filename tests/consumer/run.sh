@@ -1,0 +1,49 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 The rawificontrol authors
+# SPDX-License-Identifier: MIT
+#
+# Installs the library into a scratch directory and builds a program against what is there: by the CMake package
+# and by pkg-config, with both toolkits.
+set -u
+here=$(cd "$(dirname "$0")" && pwd)
+cd "$here/../.." || exit 2
+
+passed=0
+failed=0
+check() { # check NAME COMMAND...
+    local name=$1
+    shift
+    if "$@" >"$log" 2>&1; then
+        passed=$((passed + 1))
+    else
+        echo "FAIL: $name"
+        cat "$log"
+        failed=$((failed + 1))
+    fi
+}
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+log=$scratch/log
+
+by_pkgconfig() { # by_pkgconfig PREFIX
+    local flags
+    flags=$(PKG_CONFIG_PATH="$(dirname "$(find "$1" -name rawificontrol.pc)")" \
+        pkg-config --cflags --libs rawificontrol) || return
+    # shellcheck disable=SC2086 # a list of options
+    c++ -std=c++17 -fPIC -Wall -Wextra "$here/main.cpp" -o "$1/by-pkgconfig" $flags &&
+        LD_LIBRARY_PATH="$(dirname "$(find "$1" -name librawificontrol.so)")" "$1/by-pkgconfig"
+}
+
+for qt in qt6 qt5; do
+    prefix=$scratch/$qt
+    check "$qt: install" cmake --install "build/$qt" --prefix "$prefix"
+    check "$qt: soname" sh -c "readelf -d '$prefix'/lib*/librawificontrol.so '$prefix'/lib*/*/librawificontrol.so \
+        2>/dev/null | grep -q 'SONAME.*librawificontrol.so.1]'"
+    check "$qt: CMake package configures" cmake -G Ninja -S "$here" -B "$prefix/build" -DCMAKE_PREFIX_PATH="$prefix"
+    check "$qt: CMake package builds" cmake --build "$prefix/build"
+    check "$qt: CMake package's program runs" "$prefix/build/consumer"
+    check "$qt: pkg-config builds and runs" by_pkgconfig "$prefix"
+done
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
