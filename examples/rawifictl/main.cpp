@@ -6,6 +6,7 @@
 #include "commands.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QList>
 #include <cstdio>
 #include <cstring>
@@ -138,6 +139,7 @@ int main(int argc, char** argv)
     }
     Output output(arguments.json, arguments.verbose);
     QApplication application(argc, argv);
+    QFontMetrics(application.font()).height(); // the first use of a font is slow: not in the middle of a join
     // The scripts' answers go there; a page that runs on the device has made it already.
     if (mkdir("/home/wifi", 0777) == 0) {
         chmod("/home/wifi", 0777);
