@@ -4,12 +4,12 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QEvent>
 #include <QFile>
 #include <QList>
 #include <QRegularExpression>
+#include <QVariant>
 #include <mutex>
 
 namespace {
@@ -38,15 +38,20 @@ bool systemBusExists()
 }
 
 // A bus is only asked for where one is known to be, since the toolkit would otherwise try to launch one.
+// The connection is the channels' own: the shared one holds messages back until the event loop first runs, and can
+// then let later ones overtake them.
 QDBusConnection chooseBus()
 {
+    const QString name = QLatin1String("rawificontrol-qcop");
     if (sessionBusExists()) {
-        const QDBusConnection session = QDBusConnection::sessionBus();
+        const QDBusConnection session = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
         if (session.isConnected()) {
             return session;
         }
+        QDBusConnection::disconnectFromBus(name);
     }
-    return systemBusExists() ? QDBusConnection::systemBus() : QDBusConnection(QString());
+    return systemBusExists() ? QDBusConnection::connectToBus(QDBusConnection::SystemBus, name)
+                             : QDBusConnection(QString());
 }
 
 QDBusConnection& bus()
@@ -61,6 +66,16 @@ QString busName(const QString& channel)
     const QString name =
         QLatin1String("org.rawificontrol.QCop.c") + QString::fromLatin1(channel.toUtf8().toHex());
     return name.size() <= busNameLimit ? name : QString();
+}
+
+// Asks the bus itself. It answers in order, so its answer also means that it has taken everything sent before.
+QDBusMessage askBus(const char* question, const QVariantList& arguments)
+{
+    QDBusMessage request = QDBusMessage::createMethodCall(
+        QLatin1String("org.freedesktop.DBus"), QLatin1String("/org/freedesktop/DBus"),
+        QLatin1String("org.freedesktop.DBus"), QLatin1String(question));
+    request.setArguments(arguments);
+    return bus().call(request);
 }
 
 class MessageEvent : public QEvent
@@ -126,8 +141,9 @@ struct Registry
     std::mutex mutex;
     QList<QCopReceiver*> receivers;
 
-    bool has(const QString& channel) const
+    bool has(const QString& channel)
     {
+        const std::lock_guard<std::mutex> lock(mutex);
         for (const QCopReceiver* receiver : receivers) {
             if (receiver->channel == channel) {
                 return true;
@@ -143,41 +159,47 @@ Registry& registry()
     return instance;
 }
 
+// Owns the channel's bus name exactly while this process has a receiver for it.
+void updateBusName(const QString& channel)
+{
+    const QString name = busName(channel);
+    if (!bus().isConnected() || name.isEmpty()) {
+        return;
+    }
+    static std::mutex updating; // the last one to update sees the receivers as they are in the end
+    const std::lock_guard<std::mutex> lock(updating);
+    if (registry().has(channel)) {
+        const uint queueForName = 0;
+        askBus("RequestName", QVariantList() << name << queueForName);
+    } else {
+        askBus("ReleaseName", QVariantList() << name);
+    }
+}
+
 } // namespace
 
 QCopChannel::QCopChannel(const QString& channel, QObject* parent)
     : QObject(parent), m_receiver(new QCopReceiver(channel, this))
 {
-    bool first = false;
     {
         const std::lock_guard<std::mutex> lock(registry().mutex);
-        first = !registry().has(channel);
         registry().receivers.append(m_receiver);
     }
-    if (!bus().isConnected()) {
-        return;
-    }
-    const QStringList only = hasWildcard(channel) ? QStringList() : QStringList(channel);
-    bus().connect(QString(), QLatin1String(busPath), QLatin1String(busInterface), QLatin1String(busSignal), only,
-                  QString(), m_receiver, SLOT(fromBus(QDBusMessage)));
-    const QString name = busName(channel);
-    if (first && !name.isEmpty()) {
-        bus().interface()->registerService(name, QDBusConnectionInterface::QueueService);
+    if (bus().isConnected()) {
+        // The receiver looks at the name itself: a match rule could not hold every name.
+        bus().connect(QString(), QLatin1String(busPath), QLatin1String(busInterface), QLatin1String(busSignal),
+                      m_receiver, SLOT(fromBus(QDBusMessage)));
+        updateBusName(channel);
     }
 }
 
 QCopChannel::~QCopChannel()
 {
-    bool last = false;
     {
         const std::lock_guard<std::mutex> lock(registry().mutex);
         registry().receivers.removeOne(m_receiver);
-        last = !registry().has(m_receiver->channel);
     }
-    const QString name = busName(m_receiver->channel);
-    if (last && bus().isConnected() && !name.isEmpty()) {
-        bus().interface()->unregisterService(name);
-    }
+    updateBusName(m_receiver->channel);
 }
 
 QString QCopChannel::channel() const
@@ -192,14 +214,12 @@ void QCopChannel::receive(const QString& msg, const QByteArray& data)
 
 bool QCopChannel::isRegistered(const QString& channel)
 {
-    {
-        const std::lock_guard<std::mutex> lock(registry().mutex);
-        if (registry().has(channel)) {
-            return true;
-        }
+    if (registry().has(channel)) {
+        return true;
     }
     const QString name = busName(channel);
-    return bus().isConnected() && !name.isEmpty() && bus().interface()->isServiceRegistered(name);
+    return bus().isConnected() && !name.isEmpty()
+           && askBus("NameHasOwner", QVariantList() << name).arguments().value(0).toBool();
 }
 
 bool QCopChannel::send(const QString& channel, const QString& msg)
@@ -235,10 +255,7 @@ bool QCopChannel::flush()
         return false;
     }
     if (bus().isConnected()) {
-        // The bus answers in order, so its answer means that it has taken everything before.
-        bus().call(QDBusMessage::createMethodCall(
-            QLatin1String("org.freedesktop.DBus"), QLatin1String("/org/freedesktop/DBus"),
-            QLatin1String("org.freedesktop.DBus"), QLatin1String("GetId")));
+        askBus("GetId", QVariantList());
     }
     return true;
 }

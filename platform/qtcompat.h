@@ -5,9 +5,13 @@
 
 // The few calls that differ between Qt 4.8, 5.15 and 6, one inline function each.
 
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QString>
+#include <QWheelEvent>
+#include <QWidget>
 #include <QtGlobal>
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
 #    include <QRegularExpression>
@@ -45,6 +49,21 @@ inline QPoint raEventGlobalPos(const QMouseEvent* event)
 #endif
 }
 
+/** A transparent pixmap of \a size for \a widget, with as many pixels as the screen has there. */
+inline QPixmap raTransparentPixmap(const QWidget* widget, const QSize& size)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0)
+    const qreal ratio = widget->devicePixelRatioF();
+    QPixmap pixmap((QSizeF(size) * ratio).toSize());
+    pixmap.setDevicePixelRatio(ratio);
+#else
+    (void)widget;
+    QPixmap pixmap(size);
+#endif
+    pixmap.fill(Qt::transparent);
+    return pixmap;
+}
+
 /** Whether \a text contains a match of the regular expression \a pattern (case-sensitive). */
 inline bool raContainsMatch(const QString& text, const QString& pattern)
 {
@@ -52,6 +71,38 @@ inline bool raContainsMatch(const QString& text, const QString& pattern)
     return text.contains(QRegularExpression(pattern));
 #else
     return text.contains(QRegExp(pattern));
+#endif
+}
+
+/** Lets a layout keep the place of \a widget while it is hidden (Qt 4.8 cannot: its neighbours grow). */
+inline void raRetainSizeWhenHidden(QWidget* widget)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 2, 0)
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+#else
+    Q_UNUSED(widget);
+#endif
+}
+
+/** Translation of \a text, which is UTF-8 in the source, in \a context. */
+inline QString raTranslateUtf8(const char* context, const char* text)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return QCoreApplication::translate(context, text);
+#else
+    return QCoreApplication::translate(context, text, nullptr, QCoreApplication::UnicodeUTF8);
+#endif
+}
+
+/** Turn of the wheel away from the user in eighths of a degree; one notch is 120. */
+inline int raWheelDelta(const QWheelEvent* event)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return event->angleDelta().y();
+#else
+    return event->orientation() == Qt::Vertical ? event->delta() : 0;
 #endif
 }
 

@@ -69,6 +69,11 @@ RaFile raOpenForWriting(const char* path)
     return file;
 }
 
+RaFile raOpenForAppending(const char* path)
+{
+    return streamOf(open(path, O_WRONLY | O_CREAT | O_APPEND | safeFlags, 0600), "a");
+}
+
 RaFile raCreateAnew(const char* path)
 {
     unlink(path);

@@ -25,6 +25,9 @@ RaFile raOpenForUpdate(const char* path);
 /** Empties or creates a regular file with mode 0600 and opens it; null when it cannot. */
 RaFile raOpenForWriting(const char* path);
 
+/** Opens a regular file for appending, or creates it with mode 0600; null when it cannot. */
+RaFile raOpenForAppending(const char* path);
+
 /** Creates a file with mode 0600 in place of whatever file or link is there, and opens it; null when it cannot. */
 RaFile raCreateAnew(const char* path);
 

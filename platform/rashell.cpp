@@ -16,8 +16,11 @@
 
 int raRunCommand(const char* command)
 {
-    const RaWorkerThread::Interruptible interruptible;
-    const int status = std::system(command);
+    int status = 0;
+    {
+        const RaWorkerThread::Interruptible interruptible;
+        status = std::system(command);
+    }
     if (status == -1) {
         RA_WARN("cannot run a shell: %s", std::strerror(errno));
     }

@@ -3,7 +3,6 @@
 #include "raworkerthread.h"
 
 #include <condition_variable>
-#include <mutex>
 #include <pthread.h>
 
 namespace {
@@ -45,45 +44,61 @@ int RaWorkerThread::start(Routine routine, void* argument)
     pthread_attr_destroy(&attributes);
     if (error == 0) {
         reference.release();
+        const std::lock_guard<std::mutex> lock(m_mutex);
         m_state = state;
     }
     return error;
 }
 
+std::shared_ptr<RaWorkerThread::State> RaWorkerThread::current() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_state;
+}
+
 bool RaWorkerThread::wasStarted() const
 {
-    return m_state != nullptr;
+    return current() != nullptr;
 }
 
 bool RaWorkerThread::isAlive() const
 {
-    if (!m_state) {
+    const std::shared_ptr<State> state = current();
+    if (!state) {
         return false;
     }
-    const std::lock_guard<std::mutex> lock(m_state->mutex);
-    return m_state->alive;
+    const std::lock_guard<std::mutex> lock(state->mutex);
+    return state->alive;
+}
+
+pthread_t RaWorkerThread::handle() const
+{
+    const std::shared_ptr<State> state = current();
+    return state ? state->thread : pthread_t();
 }
 
 void RaWorkerThread::cancel()
 {
-    if (!m_state) {
+    const std::shared_ptr<State> state = current();
+    if (!state) {
         return;
     }
     // The worker marks its end under the same lock, so the thread id is valid here.
-    const std::lock_guard<std::mutex> lock(m_state->mutex);
-    if (m_state->alive) {
-        pthread_cancel(m_state->thread);
+    const std::lock_guard<std::mutex> lock(state->mutex);
+    if (state->alive) {
+        pthread_cancel(state->thread);
     }
 }
 
 void RaWorkerThread::waitUntilEnded()
 {
-    if (!m_state) {
+    const std::shared_ptr<State> state = current();
+    if (!state) {
         return;
     }
-    std::unique_lock<std::mutex> lock(m_state->mutex);
-    while (m_state->alive) {
-        m_state->ended.wait(lock);
+    std::unique_lock<std::mutex> lock(state->mutex);
+    while (state->alive) {
+        state->ended.wait(lock);
     }
 }
 
@@ -115,6 +130,7 @@ RaWorkerThread::Interruptible::Interruptible()
     if (t_isWorker) {
         int previous = 0;
         pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &previous);
+        pthread_testcancel(); // a command that has once been started would leave its children behind
     }
 }
 

@@ -4,6 +4,8 @@
 #define RAWIFI_RAWORKERTHREAD_H
 
 #include <memory>
+#include <mutex>
+#include <pthread.h>
 
 /**
  * A detached POSIX thread whose liveness is known, so that probing or cancelling one that has ended is
@@ -32,13 +34,19 @@ public:
     /** Whether the worker has been started and its routine has not ended yet. */
     bool isAlive() const;
 
+    /** The thread's id, for comparison only: the thread may have ended. Valid once a worker was started. */
+    pthread_t handle() const;
+
     /** Asks a living worker to end at its next command or wait. Does not wait for it. */
     void cancel();
 
     /** Waits until the worker's routine has ended. Must not be called by the worker itself. */
     void waitUntilEnded();
 
-    /** While one exists on a worker's stack, the worker can be cancelled. No effect on other threads. */
+    /**
+     * While one exists on a worker's stack, the worker can be cancelled; one that is asked to end already ends in
+     * the constructor. No effect on other threads.
+     */
     class Interruptible
     {
     public:
@@ -51,7 +59,9 @@ public:
 private:
     struct State;
     static void* run(void* state);
+    std::shared_ptr<State> current() const;
 
+    mutable std::mutex m_mutex; ///< guards the pointer, not what it points to
     std::shared_ptr<State> m_state;
 };
 

@@ -22,9 +22,12 @@ char* LineReader::next()
     if (m_left <= 0 || GetNextLineStr(m_line, m_file) != 0) {
         return nullptr;
     }
-    const std::size_t length = std::strlen(m_line);
-    m_left -= static_cast<long>(length) + 1;
-    if (length == lineSize - 1 && m_line[length - 1] != '\n') {
+    // Not strlen(): a NUL in the line must hide neither its end nor its length.
+    const void* const lineBreak = std::memchr(m_line, '\n', lineSize);
+    if (lineBreak) {
+        m_left -= static_cast<const char*>(lineBreak) - m_line + 1;
+    } else {
+        m_left -= lineSize - 1;
         skipRestOfLine();
     }
     return m_line;

@@ -100,6 +100,9 @@ bool fileIsExisting(const char* path)
 
 int GetNextLineStr(char* buf, FILE* file)
 {
+    if (!buf || !file) {
+        return -1;
+    }
     std::memset(buf, 0, lineSize);
     return std::fgets(buf, lineSize, file) ? 0 : -1;
 }

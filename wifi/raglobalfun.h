@@ -22,7 +22,7 @@ RAWIFI_EXPORT bool fileIsExisting(const char* path);
 
 /**
  * Zero-fills the 256 bytes of \a buf and reads one line of at most 255 characters into it, its line break
- * included. -1 when nothing was read, else 0.
+ * included. -1 when nothing was read or for null, else 0.
  */
 RAWIFI_EXPORT int GetNextLineStr(char* buf, FILE* file);
 

@@ -8,6 +8,7 @@
 #include "raglobalfun.h"
 #include "recordtext.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,6 +18,8 @@ namespace {
 
 const int capacity = 15;
 const int headerSize = 5;
+const int textsEnd = offsetof(StoreData, psk) + sizeof StoreData::psk;
+const int numbersStart = offsetof(StoreData, encry);
 const int unranked = 999;
 const char workingFile[] = "/home/wifi/tmpnetwork.conf";
 
@@ -66,9 +69,12 @@ int RaWifiData::loadData()
     RA_DEBUG("load %s", m_path);
     if (!fileIsExisting(m_path)) {
         RA_DEBUG("%s is not existing", m_path);
-        if (!raOpenForWriting(m_path)) {
+        const bool created = raOpenForAppending(m_path) != nullptr;
+        if (!created) {
             RA_WARN("cannot create %s", m_path);
         }
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_fileUnread = !created; // its directory may come later, with an older file
         return 0;
     }
     QList<StoreData> records;
@@ -82,6 +88,7 @@ int RaWifiData::loadData()
 int RaWifiData::writeData()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
+    adoptUnreadRecords();
     return write();
 }
 
@@ -91,6 +98,7 @@ int RaWifiData::addData(APData* pinfo, bool)
         return 0;
     }
     const std::lock_guard<std::mutex> lock(m_mutex);
+    adoptUnreadRecords();
     m_dirty = true;
     const StoreData record = storeRecord(*pinfo);
     const int known = indexOf(record.macAddr);
@@ -111,6 +119,7 @@ int RaWifiData::reInitAPData(QString mac)
         return 0;
     }
     const std::lock_guard<std::mutex> lock(m_mutex);
+    adoptUnreadRecords(); // first, or a network forgotten here would come back with them
     m_dirty = true;
     const int known = indexOf(mac.toLatin1().constData());
     if (known >= 0) {
@@ -205,11 +214,14 @@ int RaWifiData::readRecords(QList<StoreData>& records) const
     return 0;
 }
 
-bool RaWifiData::adoptUnreadRecords()
+void RaWifiData::adoptUnreadRecords()
 {
+    if (!m_fileUnread) {
+        return;
+    }
     QList<StoreData> older;
-    if (readRecords(older) != 0) {
-        return false;
+    if (fileIsExisting(m_path) && readRecords(older) != 0) {
+        return;
     }
     for (const StoreData& record : older) {
         if (indexOf(record.macAddr) < 0 && m_records.size() < capacity) {
@@ -217,7 +229,6 @@ bool RaWifiData::adoptUnreadRecords()
         }
     }
     m_fileUnread = false;
-    return true;
 }
 
 int RaWifiData::indexOf(const char* mac) const
@@ -232,7 +243,7 @@ int RaWifiData::indexOf(const char* mac) const
 
 int RaWifiData::write()
 {
-    if (m_fileUnread && !adoptUnreadRecords()) {
+    if (m_fileUnread) {
         return 1;
     }
     QByteArray bytes;
@@ -262,7 +273,10 @@ QByteArray RaWifiData::image(int& lastWrite) const
     for (const StoreData& record : m_records) {
         std::fputs("----------------------------------\n", stderr);
         if (record.macAddr[0] != '\0') {
-            bytes.append(reinterpret_cast<const char*>(&record), static_cast<int>(sizeof record));
+            const char* const raw = reinterpret_cast<const char*>(&record);
+            bytes.append(raw, textsEnd);
+            bytes.append(QByteArray(numbersStart - textsEnd, '\0')); // zero, whatever the copies of a record made of it
+            bytes.append(raw + numbersStart, static_cast<int>(sizeof record) - numbersStart);
             lastWrite = static_cast<int>(sizeof record);
         }
     }

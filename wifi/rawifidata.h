@@ -57,7 +57,7 @@ private:
     RaWifiData& operator=(const RaWifiData&) = delete;
 
     int readRecords(QList<StoreData>& records) const;
-    bool adoptUnreadRecords();
+    void adoptUnreadRecords();
     int indexOf(const char* mac) const;
     int write();
     QByteArray image(int& lastWrite) const;

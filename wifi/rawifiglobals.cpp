@@ -29,11 +29,11 @@ std::mutex& sharedStateMutex()
     return mutex;
 }
 
-void releaseConnectionMutex()
+void releaseMutex(QMutex& mutex)
 {
     // One releaser at a time, so that the mutex is held, by somebody, whenever it is unlocked.
     static std::mutex releasing;
     const std::lock_guard<std::mutex> lock(releasing);
-    m_mutex.tryLock();
-    m_mutex.unlock();
+    mutex.tryLock();
+    mutex.unlock();
 }

@@ -62,5 +62,5 @@ void printAPDataPoint(APData* record)
 
 void printStoreData(StoreData)
 {
-    RA_DEBUG("StoreData");
+    RA_DEBUG("%s", "");
 }

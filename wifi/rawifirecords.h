@@ -9,7 +9,7 @@
 #include <QString>
 
 /** Kind of security of a network. 0 is not a kind; a fresh record is NOENCRY. */
-enum ENCRY { NOENCRY = 1, WEP = 2, WPA_PSK = 3, WPA2_PSK = 4 };
+enum ENCRY : int { NOENCRY = 1, WEP = 2, WPA_PSK = 3, WPA2_PSK = 4 };
 
 /**
  * One access point as scanned, saved or joined: a plain record, copied by value. Texts are bytes that end
@@ -75,7 +75,7 @@ RAWIFI_EXPORT int getCmpAPLists(APData* a, APData* b);
 RAWIFI_EXPORT void printAPData(APData record);
 RAWIFI_EXPORT void printAPDataPoint(APData* record);
 
-/** Logs a header line only. */
+/** Logs a line without a message. */
 RAWIFI_EXPORT void printStoreData(StoreData record);
 
 #endif

@@ -41,7 +41,7 @@ RaWifiService::RaWifiService(int, QWidget* parent)
     , m_store(new RaWifiData)
     , m_currentAp(freshRecord())
     , m_pendingSave(nullptr)
-    , m_attempt(new ConnectAttempt)
+    , m_attempt(new ConnectAttempt(m_watchdog))
 {
     setField(m_gateway, "");
     setField(m_route, "");
@@ -193,10 +193,11 @@ void RaWifiService::recSetStatusMsg()
 
 void RaWifiService::timeout()
 {
-    if (sender() == m_watchdog && m_attempt->isStaleExpiry()) {
-        return;
+    const std::lock_guard<std::mutex> lock(m_attempt->mutex);
+    if (sender() == m_watchdog && !m_attempt->isWatched()) {
+        return; // an earlier attempt's watchdog
     }
-    m_watchdog->stop();
+    setStopStatus();
     storeFlag(m_statusFlags[TimedOut], true);
     storeFlag(lockStatus, 0);
 }

@@ -150,6 +150,7 @@ private:
     int scriptVerdict(const char* command);
     void resetCursors();
 
+    QByteArray nameOnAir(const QString& mac, const QString& essid) const;
     int writeConfig(ENCRY encry, const QByteArray& name, const QByteArray& key, int authMode, int keyIndex);
     bool loadConfig();
     void rememberRequest(const QString& mac, ENCRY encry, const QByteArray& name, const QByteArray& key,
@@ -157,6 +158,7 @@ private:
     void startDhcpStage();
     bool waitForDhcpStage();
     int retrieveAddress(const QString& name);
+    void removeMarker(const char* command);
     bool readAddress();
     void setNetworkInformation();
     int joined(const QString& mac, const QString& name, int sigquality);

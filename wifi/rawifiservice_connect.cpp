@@ -14,7 +14,6 @@
 #include "recordtext.h"
 #include "sharedstate.h"
 
-#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -39,7 +38,7 @@ const char removeAnswerAndMarker[] = "rm /home/wifi/temp.txt -f;rm /home/wifi/re
 int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QString psk, int sigquality,
                                     int authMode, int keyIndex)
 {
-    const QByteArray name = bytesFromText(essid);
+    const QByteArray name = nameOnAir(mac, essid);
     const QByteArray key = bytesFromText(psk);
     RA_DEBUG("-encry %d ,macAddr =%s,essid =%s,password = %s,sigquality = %d authMode =%d,keyindex = %d",
              static_cast<int>(encry), mac.toLatin1().constData(), name.constData(), key.constData(), sigquality,
@@ -58,8 +57,12 @@ int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QSt
     }
     rememberRequest(mac, encry, name, key, sigquality, authMode, keyIndex);
 
-    releaseConnectionMutex();
-    storeFlag(m_statusFlags[TimedOut], false);
+    releaseMutex(m_mutex);
+    {
+        const std::lock_guard<std::mutex> lock(m_attempt->mutex);
+        m_attempt->begin();
+        storeFlag(m_statusFlags[TimedOut], false);
+    }
     raSleepMs(scriptPauseMs);
     storeFlag(lockStatus, 0);
     Q_EMIT sendListWndInfo(listRow, essid, tr("verifying information"), 0);
@@ -70,7 +73,7 @@ int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QSt
     }
     Q_EMIT sendListWndInfo(listRow, essid, tr("Retrieving the IP information"), 0);
     Q_EMIT sendPrgStop();
-    raRunCommand(removeAnswerAndMarker);
+    removeMarker(removeAnswerAndMarker);
     raSleepMs(scriptPauseMs);
     const int result = retrieveAddress(essid);
     if (result != 0) {
@@ -250,6 +253,19 @@ int RaWifiService::pingIP(char* ip, double& rate)
     return 1;
 }
 
+// A host may have lost bytes of a name that is not UTF-8 on its way into a text; the scan has kept them.
+QByteArray RaWifiService::nameOnAir(const QString& mac, const QString& essid) const
+{
+    const SharedStateLock lock(sharedStateMutex());
+    const QByteArray address = mac.toLatin1();
+    for (const APData* entry : APDataArray) {
+        if (address == entry->macAddr && QString::fromUtf8(entry->essid) == essid) {
+            return entry->essid;
+        }
+    }
+    return bytesFromText(essid);
+}
+
 int RaWifiService::writeConfig(ENCRY encry, const QByteArray& name, const QByteArray& key, int authMode,
                                int keyIndex)
 {
@@ -310,8 +326,6 @@ void RaWifiService::rememberRequest(const QString& mac, ENCRY encry, const QByte
 void RaWifiService::startDhcpStage()
 {
     m_attempt->armWatchdog(watchdogMs);
-    // A timer is started on its own thread; on that thread this is a plain call.
-    QMetaObject::invokeMethod(m_watchdog, "start", Q_ARG(int, watchdogMs));
     m_mutex.lock();
     storeFlag(lockStatus, 1);
     raRunCommand(removeAnswerAndMarker);
@@ -351,7 +365,7 @@ int RaWifiService::retrieveAddress(const QString& name)
             ++misses;
             continue;
         }
-        raRunCommand("rm /home/wifi/result3 -f");
+        removeMarker("rm /home/wifi/result3 -f");
         if (readAddress()) {
             return 0;
         }
@@ -367,6 +381,13 @@ int RaWifiService::retrieveAddress(const QString& name)
         ++failedReads;
         misses = 0;
     }
+}
+
+void RaWifiService::removeMarker(const char* command)
+{
+    ++m_attempt->markerRemovals;
+    raRunCommand(command);
+    ++m_attempt->markerRemovals;
 }
 
 bool RaWifiService::readAddress()
@@ -402,7 +423,7 @@ int RaWifiService::joined(const QString& mac, const QString& name, int sigqualit
     {
         const SharedStateLock lock(sharedStateMutex());
         setField(address, pendingSave().IP);
-        setField(pendingSave().essid, bytesFromText(name));
+        setField(pendingSave().essid, m_currentAp.essid);
     }
     raRunCommandF("echo %s >/home/wifi/ipinfo.txt", address); // an address since readAddress()
     raRunCommandF("echo %d >/home/wifi/signal.txt", sigquality);
@@ -443,9 +464,12 @@ void RaWifiService::runDhcp()
 
     raRunCommand(removeAnswerAndMarker);
     raSleepMs(settleMs);
-    raRunCommand("sh /usr/bin/dhcp_setip.sh;touch /home/wifi/result3");
-    // The address loop may take this marker for its own within the next second, so it counts from now on.
-    const bool reachedEnd = fileIsExisting(devicepaths::scriptMarker);
+    const int removals = m_attempt->markerRemovals;
+    const int status = raRunCommand("sh /usr/bin/dhcp_setip.sh;touch /home/wifi/result3");
+    // The address loop may take the marker for its own. Within the next second, so it counts from now on; or even
+    // before, and then the shell says whether there was one.
+    const bool reachedEnd = fileIsExisting(devicepaths::scriptMarker)
+                            || (status == 0 && m_attempt->mayHaveLostMarker(removals));
     raSleepMs(settleMs);
     if (!reachedEnd && !fileIsExisting(devicepaths::scriptMarker)) {
         // Names a wrong directory; the lock stays with the stage until the watchdog expires.
@@ -454,7 +478,7 @@ void RaWifiService::runDhcp()
     }
     raRunCommand("rm /home/wifi/result3 -f");
     setStopStatus();
-    releaseConnectionMutex();
+    releaseMutex(m_mutex);
     storeFlag(lockStatus, 0);
 }
 

@@ -74,9 +74,9 @@ void setKinds(APData& entry, char* firstFlags, char* secondFlags)
  */
 bool readScanLine(char* line, APData& entry)
 {
-    const int nameColumn = 18;
+    const int fieldsStart = 18;
     const int length = static_cast<int>(std::strlen(line));
-    if (length < nameColumn) {
+    if (length < fieldsStart) {
         return false;
     }
     char frequency[lineSize] = "";
@@ -84,7 +84,7 @@ bool readScanLine(char* line, APData& entry)
     char firstFlags[lineSize] = "";
     char secondFlags[lineSize] = "";
     char name[lineSize] = "";
-    int pos = getDefineIntValue(line, nameColumn, frequency, '\t');
+    int pos = getDefineIntValue(line, fieldsStart, frequency, '\t');
     pos = getDefineIntValue(line, pos, signal, '\t');
     pos = getEncryTypeValue(line, pos, firstFlags, secondFlags, '\t', '[', ']');
     getDefineStrValue(line, pos, name, '\t', length);
@@ -191,12 +191,12 @@ int RaWifiService::orderByAPArray()
     if (count < 1) {
         return -1;
     }
-    const SharedStateLock lock(sharedStateMutex());
     for (int i = 0; i < count; ++i) {
         APData saved = freshRecord();
         if (m_store->getDataByIndex(&saved, i) != 0) {
             continue;
         }
+        const SharedStateLock lock(sharedStateMutex());
         for (int j = 0; j < APDataArray.size(); ++j) {
             APData& scanned = *APDataArray.at(j);
             if (std::strcmp(scanned.macAddr, saved.macAddr) == 0 && scanned.encry[0] == saved.encry[0]) {

@@ -3,6 +3,7 @@
 #ifndef RAWIFI_SHAREDSTATE_H
 #define RAWIFI_SHAREDSTATE_H
 
+#include <QMutex>
 #include <mutex>
 
 /**
@@ -13,8 +14,8 @@ std::mutex& sharedStateMutex();
 
 typedef std::lock_guard<std::mutex> SharedStateLock;
 
-/** Leaves m_mutex unlocked, whether it was locked (by any thread) or not. */
-void releaseConnectionMutex();
+/** Leaves \a mutex unlocked, whether it was locked (by any thread) or not. */
+void releaseMutex(QMutex& mutex);
 
 // The process-wide flags are plain integers for a host's sake; threads of the library read and write them whole.
 template<typename Flag>

@@ -13,27 +13,32 @@ QByteArray quoted(const QByteArray& text)
     return '"' + text + '"';
 }
 
-// The supplicant refuses control characters, and takes a '#' behind an inner quote for a comment.
+// The supplicant pairs the quotes of a line off from the left, and takes a '#' outside a pair for a comment.
+// It refuses control characters in a passphrase; a line break would end the line.
 bool readsBackFromQuotes(const QByteArray& text)
 {
+    bool insideQuotes = true;
     for (int i = 0; i < text.size(); ++i) {
         const unsigned char byte = static_cast<unsigned char>(text.at(i));
-        if (byte < 0x20 || byte == 0x7f) {
+        if (byte == '"') {
+            insideQuotes = !insideQuotes;
+        }
+        if (byte < 0x20 || byte == 0x7f || (byte == '#' && !insideQuotes)) {
             return false;
         }
     }
-    const auto quote = text.indexOf('"');
-    return quote < 0 || text.indexOf('#', quote) < 0;
+    return true;
 }
 
 /** The key that a passphrase stands for: PBKDF2 with HMAC-SHA-1, the name as salt, 4096 rounds (IEEE 802.11, J.4). */
 QByteArray derivedKey(const QByteArray& passphrase, const QByteArray& name)
 {
     QByteArray key(32, '\0');
-    PKCS5_PBKDF2_HMAC_SHA1(passphrase.constData(), static_cast<int>(passphrase.size()),
-                           reinterpret_cast<const unsigned char*>(name.constData()), static_cast<int>(name.size()),
-                           4096, static_cast<int>(key.size()), reinterpret_cast<unsigned char*>(key.data()));
-    return key.toHex();
+    const int derived = PKCS5_PBKDF2_HMAC_SHA1(
+        passphrase.constData(), static_cast<int>(passphrase.size()),
+        reinterpret_cast<const unsigned char*>(name.constData()), static_cast<int>(name.size()), 4096,
+        static_cast<int>(key.size()), reinterpret_cast<unsigned char*>(key.data()));
+    return derived == 1 ? key.toHex() : QByteArray(); // no value is refused by the supplicant, zeros would be a key
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QMap>
+#include <csignal>
 #include <dlfcn.h>
 #include <mutex>
 #include <sys/stat.h>
@@ -24,8 +25,10 @@ struct State
     QList<QByteArray> commands;
     QList<int> sleeps;
     QMap<QByteArray, Answer> answers;
+    QMap<QByteArray, fakesystem::Script> wholeCommands;
     std::function<void(const QByteArray&)> beforeCommand;
     std::function<void(int)> onSleep;
+    std::function<void()> onSync;
     int syncs = 0;
     int status = 0;
     unsigned generation = 0;
@@ -79,10 +82,19 @@ int runCommand(const QByteArray& command)
     if (hook) {
         hook(command);
     }
-    Answer answer = {fakesystem::Script(), true};
+    fakesystem::Script whole;
     {
         const Lock lock(state().mutex);
         state().commands.append(command);
+        whole = state().wholeCommands.value(command);
+    }
+    if (whole) {
+        whole();
+        return 0;
+    }
+    Answer answer = {fakesystem::Script(), true};
+    {
+        const Lock lock(state().mutex);
         if (isFileCommand(command)) {
             return runForReal(command);
         }
@@ -99,7 +111,11 @@ int runCommand(const QByteArray& command)
         answer.script();
     }
     const auto rest = command.indexOf(';');
-    return answer.comesToEnd && rest >= 0 ? runForReal(command.mid(rest + 1)) : 0;
+    if (rest < 0) {
+        return 0;
+    }
+    const int killed = SIGKILL; // as wait(2) tells it
+    return answer.comesToEnd ? runForReal(command.mid(rest + 1)) : killed;
 }
 
 void recordSleep(const timespec* duration)
@@ -127,8 +143,10 @@ void reset()
     state().commands.clear();
     state().sleeps.clear();
     state().answers.clear();
+    state().wholeCommands.clear();
     state().beforeCommand = nullptr;
     state().onSleep = nullptr;
+    state().onSync = nullptr;
     state().syncs = 0;
     state().status = 0;
     ++state().generation;
@@ -146,6 +164,12 @@ void answerWithoutEnd(const char* name, const Script& script)
     state().answers.insert(name, Answer{script, false});
 }
 
+void answerCommand(const QByteArray& command, const Script& script)
+{
+    const Lock lock(state().mutex);
+    state().wholeCommands.insert(command, script);
+}
+
 void beforeCommand(const std::function<void(const QByteArray&)>& hook)
 {
     const Lock lock(state().mutex);
@@ -156,6 +180,12 @@ void onSleep(const std::function<void(int)>& hook)
 {
     const Lock lock(state().mutex);
     state().onSleep = hook;
+}
+
+void onSync(const std::function<void()>& hook)
+{
+    const Lock lock(state().mutex);
+    state().onSync = hook;
 }
 
 QList<QByteArray> commands()
@@ -193,6 +223,11 @@ void setStatus(int status)
     state().status = status;
 }
 
+int runForReal(const QByteArray& command)
+{
+    return ::runForReal(command);
+}
+
 void writeFile(const char* path, const QByteArray& bytes)
 {
     QFile file(QString::fromLatin1(path));
@@ -211,6 +246,11 @@ bool exists(const char* path)
 {
     struct stat about;
     return lstat(path, &about) == 0;
+}
+
+void removeFilesIn(const char* directory)
+{
+    ::runForReal(QByteArray("find ") + directory + " -mindepth 1 -delete");
 }
 
 } // namespace fakesystem
@@ -244,7 +284,14 @@ int usleep(useconds_t microseconds)
 
 void sync() noexcept
 {
-    const Lock lock(state().mutex);
-    ++state().syncs;
+    std::function<void()> hook;
+    {
+        const Lock lock(state().mutex);
+        ++state().syncs;
+        hook = state().onSync;
+    }
+    if (hook) {
+        hook();
+    }
 }
 }

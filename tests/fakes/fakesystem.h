@@ -10,7 +10,7 @@
 /**
  * Stands in front of the C library's system(), sleeps and sync() for the whole test process.
  *
- * Every command line is recorded. A command that one of the scripts answers is handed to it; the plain file
+ * Every command line is recorded. A command that a script answers is handed to it; the plain file
  * commands (rm, echo, touch, mkdir, chmod, cat, cp) run for real, since the test has a root of its own; anything
  * else only counts as run. Sleeps are recorded and return at once. All functions are for any thread.
  */
@@ -27,14 +27,20 @@ typedef std::function<void()> Script;
  */
 void answer(const char* name, const Script& script);
 
-/** The same, without what follows the ';': the script never comes to its end. */
+/** The same, without what follows the ';': the script never comes to its end, its shell is killed. */
 void answerWithoutEnd(const char* name, const Script& script);
+
+/** Has exactly this command line, whatever it is, carried out by \a script alone: nothing else runs. */
+void answerCommand(const QByteArray& command, const Script& script);
 
 /** Called before each recorded command on the thread that runs it, for tests that force an order of threads. */
 void beforeCommand(const std::function<void(const QByteArray& command)>& hook);
 
 /** Called for each sleep (milliseconds) on the thread that sleeps. */
 void onSleep(const std::function<void(int milliseconds)>& hook);
+
+/** Called for each sync() on the thread that calls it. */
+void onSync(const std::function<void()>& hook);
 
 QList<QByteArray> commands();
 int count(const QByteArray& command);
@@ -49,10 +55,15 @@ int syncs();
 /** What system() returns for commands that are only counted. */
 void setStatus(int status);
 
+/** Runs a command line for real and unrecorded, for a test's own preparations. */
+int runForReal(const QByteArray& command);
+
 // File helpers for the scripts.
 void writeFile(const char* path, const QByteArray& bytes);
 QByteArray readFile(const char* path);
 bool exists(const char* path);
+/** Empties a directory. */
+void removeFilesIn(const char* directory);
 
 } // namespace fakesystem
 
