@@ -6,6 +6,8 @@
 // The umbrella: every public class, record, function and global of the library.
 
 #include "raglobalfun.h"
+#include "ravirtualkeyboard.h"
+#include "ravirtualkeyboard_btn.h"
 #include "rawifidata.h"
 #include "rawifiglobals.h"
 #include "rawifimonitor.h"

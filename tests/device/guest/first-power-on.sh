@@ -72,12 +72,12 @@ join mixed wrong-password
 check "wrong key: not joined" same 1 $?
 check "wrong key: the messages" same "$(failed_messages -2 "$busy")" "$(cat /tmp/messages)"
 
-dhcp-off home-far
-join home-far
+dhcp-off emoji
+join emoji
 check "no DHCP server: not joined" same 1 $?
 check "no DHCP server: the messages" same "$(failed_messages -2 "$busy")" "$(cat /tmp/messages)"
-check "no DHCP server: the network is not saved" sh -c "! rawifictl --json saved | grep -q $(ap_field home-far bssid)"
-dhcp-on home-far
+check "no DHCP server: the network is not saved" sh -c "! rawifictl --json saved | grep -q $(ap_field emoji bssid)"
+dhcp-on emoji
 
 join chinese &
 joining=$!
