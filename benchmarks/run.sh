@@ -9,7 +9,9 @@ cd "$(dirname "$0")/.." || exit 2
 passed=0
 failed=0
 for program in build/qt6/benchmarks/bench_*; do
-    [ -x "$program" ] && [ -f "$program" ] || continue
+    if [ ! -f "$program" ] || [ ! -x "$program" ]; then
+        continue
+    fi
     if tests/run-isolated "$program" 2>/dev/null; then
         passed=$((passed + 1))
     else

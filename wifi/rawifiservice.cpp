@@ -10,6 +10,7 @@
 #include "rawifidata.h"
 #include "rawifiglobals.h"
 #include "recordtext.h"
+#include "scriptmarker.h"
 #include "sharedstate.h"
 
 #include <QTimer>
@@ -113,6 +114,7 @@ int RaWifiService::getLocalMACaddress(char* out)
         }
     }
     raRunCommand("rm -f /home/wifi/temp.txt");
+    dropStaleMarker();
     raRunCommand("sh /usr/bin/getlocalmac.sh;touch /home/wifi/result3");
     if (!fileIsExisting(devicepaths::scriptMarker)) {
         std::printf("/home/wifi/temp.txt is not existing\n"); // names the answer, though the marker is missing

@@ -12,6 +12,7 @@
 #include "rawifidata.h"
 #include "rawifiglobals.h"
 #include "recordtext.h"
+#include "scriptmarker.h"
 #include "sharedstate.h"
 
 #include <cstdio>
@@ -189,6 +190,7 @@ int RaWifiService::checkUseCancel(int)
 int RaWifiService::setRoute(char* out)
 {
     raRunCommand("rm /home/wifi/temp.txt");
+    dropStaleMarker();
     raRunCommand("sh /usr/bin/getroute.sh;touch /home/wifi/result3");
     raSleepMs(settleMs);
     if (!fileIsExisting(devicepaths::scriptMarker)) {
@@ -291,6 +293,7 @@ int RaWifiService::writeConfig(ENCRY encry, const QByteArray& name, const QByteA
 bool RaWifiService::loadConfig()
 {
     raSleepMs(scriptPauseMs);
+    dropStaleMarker();
     raRunCommand("sh /usr/bin/callwpaconf.sh;touch /home/wifi/result3");
     raSleepMs(scriptPauseMs);
     raRunCommand("wpa_cli -i wlan0 status");

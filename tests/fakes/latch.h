@@ -10,8 +10,8 @@
 #include <semaphore.h>
 
 /**
- * Holds threads up until it is opened, for good. Waiting is a cancellation point, as a real command is. Copies are
- * the same latch, which lives until the last of them and the last open() are gone.
+ * Holds threads up until it is opened, for good. Waiting is a cancellation point, as a real command is.
+ * Copies are the same latch, which lives until the last of them and the last open() are gone.
  */
 class Latch
 {

@@ -12,8 +12,8 @@
 #include <thread>
 
 /**
- * What each thread did, in order: "run COMMAND", "sleep MILLISECONDS", "sync", and what a test adds, such as signals.
- * Takes the hooks of fakesystem until that is reset; must outlive the threads that it watches.
+ * What each thread did, in order: "run COMMAND", "sleep MILLISECONDS", "sync", and what a test adds, such as
+ * signals. Takes the hooks of fakesystem until that is reset; must outlive the threads that it watches.
  */
 class Trace
 {

@@ -16,8 +16,8 @@
 #include <thread>
 #include <vector>
 
-// Channels within one process, where there is no bus: neither one that is known nor, in the process that is started
-// for it, one that could be tried.
+// Channels within one process, where there is no bus: neither one that is known nor, in the process that is
+// started for it, one that could be tried.
 
 namespace {
 
@@ -29,7 +29,10 @@ const char deadBus[] = "unix:path=/nonexistent/bus";
 class Collector : public QCopChannel
 {
 public:
-    explicit Collector(const QString& channel) : QCopChannel(channel) {}
+    explicit Collector(const QString& channel)
+        : QCopChannel(channel)
+    {
+    }
     void receive(const QString& msg, const QByteArray& data) override
     {
         messages.append(msg.toUtf8() + '=' + data);
@@ -119,7 +122,8 @@ void TestQCopChannel::theInterfaceIsThatOfTheEmbeddedToolkit()
     const QMetaMethod method = meta.method(meta.methodOffset());
     QCOMPARE(method.methodType(), QMetaMethod::Signal);
     QCOMPARE(method.methodSignature(), QByteArray("received(QString,QByteArray)"));
-    QCOMPARE(method.parameterNames(), QList<QByteArray>() << "msg" << "data");
+    QCOMPARE(method.parameterNames(), QList<QByteArray>() << "msg"
+                                                          << "data");
 }
 
 void TestQCopChannel::aChannelKnowsItsName()
@@ -151,7 +155,7 @@ void TestQCopChannel::messagesArriveAsTheyWereSent()
     QFETCH(QString, message);
     QFETCH(QByteArray, data);
     QCopChannel receiver(channel);
-    QSignalSpy spy(&receiver, SIGNAL(received(QString,QByteArray)));
+    QSignalSpy spy(&receiver, SIGNAL(received(QString, QByteArray)));
     QVERIFY(QCopChannel::send(channel, message, data));
     QVERIFY(QCopChannel::send(channel, message));
     QCoreApplication::processEvents();
@@ -218,7 +222,7 @@ void TestQCopChannel::wildcardsMatchAnyText()
 void TestQCopChannel::receiveCanBeReimplemented()
 {
     Collector receiver(text("c"));
-    QSignalSpy spy(&receiver, SIGNAL(received(QString,QByteArray)));
+    QSignalSpy spy(&receiver, SIGNAL(received(QString, QByteArray)));
     QCopChannel::send(text("c"), text("m"), "d");
     QCoreApplication::processEvents();
     QCOMPARE(receiver.messages, QList<QByteArray>() << "m=d");
@@ -271,7 +275,8 @@ void TestQCopChannel::deletionDropsPendingMessages()
     delete deleted;
     QCopChannel::send(text("c"), text("after"));
     QCoreApplication::processEvents();
-    QCOMPARE(kept.messages, QList<QByteArray>() << "before=" << "after=");
+    QCOMPARE(kept.messages, QList<QByteArray>() << "before="
+                                                << "after=");
 }
 
 void TestQCopChannel::receiversOnOtherThreadsGetTheirMessagesThere()
@@ -290,7 +295,8 @@ void TestQCopChannel::receiversOnOtherThreadsGetTheirMessagesThere()
         QTimer::singleShot(0, &place, [&] { thread.quit(); });
     });
     QVERIFY(thread.wait());
-    QCOMPARE(receiver->messages, QList<QByteArray>() << "1=" << "2=");
+    QCOMPARE(receiver->messages, QList<QByteArray>() << "1="
+                                                     << "2=");
     QCOMPARE(receiver->threads, QList<QThread*>() << &thread << &thread);
     delete receiver;
 }
@@ -337,7 +343,8 @@ void TestQCopChannel::withoutABusNothingIsTriedOrWaitedFor()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(text("DBUS_SESSION_BUS_ADDRESS"));
     environment.remove(text("XDG_RUNTIME_DIR"));
-    environment.insert(text("DISPLAY"), text(":99")); // with a display, the bus library would try to launch a bus
+    environment.insert(text("DISPLAY"),
+                       text(":99")); // with a display, the bus library would try to launch a bus
     QProcess process;
     process.setProcessEnvironment(environment);
     process.start(QCoreApplication::applicationFilePath(), QStringList() << text("--use"));

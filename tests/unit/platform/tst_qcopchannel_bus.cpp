@@ -15,8 +15,8 @@
 #include <unistd.h>
 #include <vector>
 
-// Channels between processes, over a bus of the test's own. The test program is also the other process: started with
-// the name of a part and its arguments.
+// Channels between processes, over a bus of the test's own. The test program is also the other process:
+// started with the name of a part and its arguments.
 
 namespace {
 
@@ -28,8 +28,14 @@ QString text(const char* latin1)
 class Collector : public QCopChannel
 {
 public:
-    explicit Collector(const QString& channel) : QCopChannel(channel) {}
-    void receive(const QString& msg, const QByteArray& data) override { messages.append(msg.toUtf8() + '=' + data); }
+    explicit Collector(const QString& channel)
+        : QCopChannel(channel)
+    {
+    }
+    void receive(const QString& msg, const QByteArray& data) override
+    {
+        messages.append(msg.toUtf8() + '=' + data);
+    }
     QList<QByteArray> messages;
 };
 
@@ -56,7 +62,11 @@ int partReceive(const QStringList& arguments)
     class Printer : public QCopChannel
     {
     public:
-        Printer(const QString& channel, int number) : QCopChannel(channel), left(number) {}
+        Printer(const QString& channel, int number)
+            : QCopChannel(channel)
+            , left(number)
+        {
+        }
         void receive(const QString& msg, const QByteArray& data) override
         {
             say(msg.toUtf8() + '=' + data.toHex());
@@ -79,8 +89,9 @@ int partIsRegistered(const QStringList& arguments)
 /** Uses the bus for the first time on a thread of its own, and says what the toolkit warned about. */
 int partWorkerFirst(const QStringList& arguments)
 {
-    qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString& message) { say("warning: " + message.toUtf8()); });
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+        say("warning: " + message.toUtf8());
+    });
     std::thread worker([&arguments] {
         say(QCopChannel::isRegistered(arguments.at(0)) ? "yes" : "no");
         QCopChannel::send(arguments.at(0), text("from the worker"));
@@ -151,7 +162,8 @@ void TestQCopChannelBus::messagesOfAnotherProcessArriveInOrderAndFlushedOnesAllA
 {
     const int count = 500;
     Collector receiver(text("order"));
-    QCOMPARE(outputOf(QStringList() << text("send") << text("order") << QString::number(count)), QByteArray());
+    QCOMPARE(outputOf(QStringList() << text("send") << text("order") << QString::number(count)),
+             QByteArray());
     QTRY_COMPARE(static_cast<int>(receiver.messages.size()), count);
     for (int i = 0; i < count; ++i) {
         QCOMPARE(receiver.messages.at(i), QByteArray::number(i) + '=' + QByteArray("\0\xff", 2));
@@ -206,8 +218,9 @@ void TestQCopChannelBus::ownMessagesArriveOnce()
     QCopChannel::flush();
     outputOf(QStringList() << text("send") << text("own") << text("1"));
     QTRY_VERIFY(!receiver.messages.isEmpty() && receiver.messages.last().startsWith("0="));
-    QCOMPARE(receiver.messages.mid(0, receiver.messages.size() - 1),
-             QList<QByteArray>() << "mine=0" << "mine=1" << "mine=2");
+    QCOMPARE(receiver.messages.mid(0, receiver.messages.size() - 1), QList<QByteArray>() << "mine=0"
+                                                                                         << "mine=1"
+                                                                                         << "mine=2");
 }
 
 void TestQCopChannelBus::registeredAsLongAsTheOtherProcessHasTheChannel()
@@ -308,14 +321,15 @@ int main(int argc, char** argv)
     if (!configuration.open(QIODevice::WriteOnly)) {
         return 1;
     }
-    configuration.write("<busconfig><type>session</type><listen>" + address
-                        + "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow user=\"*\"/>"
-                          "<allow own=\"*\"/><allow send_destination=\"*\"/><allow receive_sender=\"*\"/>"
-                          "</policy></busconfig>");
+    configuration.write("<busconfig><type>session</type><listen>" + address +
+                        "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow user=\"*\"/>"
+                        "<allow own=\"*\"/><allow send_destination=\"*\"/><allow receive_sender=\"*\"/>"
+                        "</policy></busconfig>");
     configuration.close();
     QProcess bus;
-    bus.start(text("dbus-daemon"), QStringList() << text("--nofork") << text("--nopidfile") << text("--print-address")
-                                                 << text("--config-file=") + configuration.fileName());
+    bus.start(text("dbus-daemon"), QStringList()
+                                       << text("--nofork") << text("--nopidfile") << text("--print-address")
+                                       << text("--config-file=") + configuration.fileName());
     if (!bus.waitForStarted() || !bus.waitForReadyRead()) {
         qWarning("no dbus-daemon: %s", bus.readAllStandardError().constData());
         return 1;

@@ -77,8 +77,8 @@ struct Request
 
 inline int join(RaWifiService& service, const Request& request)
 {
-    return service.connectCertainAP(request.mac, request.encry, request.essid, request.psk, request.sigquality,
-                                    request.authMode, request.keyIndex);
+    return service.connectCertainAP(request.mac, request.encry, request.essid, request.psk,
+                                    request.sigquality, request.authMode, request.keyIndex);
 }
 
 /** A join() on a thread of its own, while the calling one keeps its event loop going. Returns its result. */
@@ -104,16 +104,16 @@ inline QByteArray bar(const QList<QByteArray>& parts)
     return parts.join('|');
 }
 
-/** Adds the service's signals to a trace, on the thread that emits them: "tell INDEX|NAME|TEXT|ERRFLAG" and so on. */
+/** Adds the service's signals to a trace, on the thread that emits them: "tell INDEX|NAME|TEXT|ERRFLAG" and
+ * so on. */
 inline void traceSignals(Trace& trace, RaWifiService& service)
 {
     const Qt::ConnectionType direct = Qt::DirectConnection;
     QObject::connect(
         &service, &RaWifiService::sendListWndInfo, &service,
         [&trace](int index, const QString& name, const QString& text, int errflag) {
-            trace.add("tell "
-                      + bar(QList<QByteArray>() << QByteArray::number(index) << name.toUtf8() << text.toUtf8()
-                                                << QByteArray::number(errflag)));
+            trace.add("tell " + bar(QList<QByteArray>() << QByteArray::number(index) << name.toUtf8()
+                                                        << text.toUtf8() << QByteArray::number(errflag)));
         },
         direct);
     QObject::connect(
@@ -128,9 +128,12 @@ inline void traceSignals(Trace& trace, RaWifiService& service)
             trace.add("sendCheckAPConnect " + mac.toLatin1() + '|' + QByteArray::number(value));
         },
         direct);
-    QObject::connect(&service, &RaWifiService::sendPrgStar, &service, [&trace] { trace.add("sendPrgStar"); }, direct);
-    QObject::connect(&service, &RaWifiService::sendPrgStep, &service, [&trace] { trace.add("sendPrgStep"); }, direct);
-    QObject::connect(&service, &RaWifiService::sendPrgStop, &service, [&trace] { trace.add("sendPrgStop"); }, direct);
+    QObject::connect(
+        &service, &RaWifiService::sendPrgStar, &service, [&trace] { trace.add("sendPrgStar"); }, direct);
+    QObject::connect(
+        &service, &RaWifiService::sendPrgStep, &service, [&trace] { trace.add("sendPrgStep"); }, direct);
+    QObject::connect(
+        &service, &RaWifiService::sendPrgStop, &service, [&trace] { trace.add("sendPrgStop"); }, direct);
 }
 
 /** The watchdog; the service's own. */

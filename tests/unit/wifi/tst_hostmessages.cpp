@@ -17,7 +17,10 @@ const char linkFile[] = "/home/wifi/linkap.txt";
 class Host : public QCopChannel
 {
 public:
-    Host() : QCopChannel(QStringLiteral("mainprocess")) {}
+    Host()
+        : QCopChannel(QStringLiteral("mainprocess"))
+    {
+    }
     void receive(const QString& msg, const QByteArray& data) override
     {
         messages << msg;
@@ -97,7 +100,10 @@ void TestHostMessages::everyCallSends()
     sendOpenWifiToMain();
     sendAPSleep(1);
     QTRY_COMPARE(static_cast<int>(host.payloads.size()), 4);
-    QCOMPARE(host.payloads, QList<QByteArray>() << "linkend" << "linkend" << "openwifi" << "linkstart");
+    QCOMPARE(host.payloads, QList<QByteArray>() << "linkend"
+                                                << "linkend"
+                                                << "openwifi"
+                                                << "linkstart");
 }
 
 void TestHostMessages::openWifiReturnsOne()
@@ -108,7 +114,7 @@ void TestHostMessages::openWifiReturnsOne()
 void TestHostMessages::messagesGoToTheHostsChannelOnly()
 {
     QCopChannel other(QStringLiteral("mainproces"));
-    QSignalSpy spy(&other, SIGNAL(received(QString,QByteArray)));
+    QSignalSpy spy(&other, SIGNAL(received(QString, QByteArray)));
     Host host;
     sendAPSleep(0);
     QTRY_COMPARE(static_cast<int>(host.payloads.size()), 1);
@@ -141,7 +147,8 @@ void TestHostMessages::theLinkFileHoldsOneDigit()
     fakesystem::beforeCommand([&syncsBefore](const QByteArray&) { syncsBefore = fakesystem::syncs(); });
     SendAPStatusToOther(linked);
     QCOMPARE(fakesystem::readFile(linkFile), content);
-    QCOMPARE(fakesystem::commands(), QList<QByteArray>() << "echo " + content.left(1) + " >/home/wifi/linkap.txt");
+    QCOMPARE(fakesystem::commands(), QList<QByteArray>()
+                                         << "echo " + content.left(1) + " >/home/wifi/linkap.txt");
     QCOMPARE(syncsBefore, 0); // the file systems are flushed once it is written
     QCOMPARE(fakesystem::syncs(), 1);
 }

@@ -24,8 +24,9 @@ enum Poll { Good, OtherMac, Bad, Unreadable };
 QByteArray statusText(Poll poll)
 {
     const QByteArray mac = poll == OtherMac ? QByteArray("66:66:66:66:66:66") : expectedMac.toLatin1();
-    return "bssid=" + mac + "\nssid=Home\nid=0\nkey_mgmt=WPA2-PSK\nwpa_state="
-           + (poll == Bad ? "SCANNING" : "COMPLETED") + "\nip_address=192.168.7.23\n";
+    return "bssid=" + mac +
+           "\nssid=Home\nid=0\nkey_mgmt=WPA2-PSK\nwpa_state=" + (poll == Bad ? "SCANNING" : "COMPLETED") +
+           "\nip_address=192.168.7.23\n";
 }
 
 /** Has the next polls find this. */
@@ -34,7 +35,8 @@ void finding(Poll poll)
     if (poll == Unreadable) {
         fakesystem::answer("getconnectstatus.sh", [] { QFile::remove(QLatin1String(answer)); });
     } else {
-        fakesystem::answer("getconnectstatus.sh", [poll] { fakesystem::writeFile(answer, statusText(poll)); });
+        fakesystem::answer("getconnectstatus.sh",
+                           [poll] { fakesystem::writeFile(answer, statusText(poll)); });
     }
 }
 
@@ -42,11 +44,14 @@ void finding(Poll poll)
 class WatchedMonitor : public RaWifiMonitor
 {
 public:
-    WatchedMonitor() : RaWifiMonitor(nullptr)
+    WatchedMonitor()
+        : RaWifiMonitor(nullptr)
     {
-        connect(this, &RaWifiMonitor::sendNetWorkStatus, this, [this](int type, int status, const QString& mac) {
-            note("status " + QByteArray::number(type) + ' ' + QByteArray::number(status) + ' ' + mac.toLatin1());
-        });
+        connect(this, &RaWifiMonitor::sendNetWorkStatus, this,
+                [this](int type, int status, const QString& mac) {
+                    note("status " + QByteArray::number(type) + ' ' + QByteArray::number(status) + ' ' +
+                         mac.toLatin1());
+                });
         connect(this, &RaWifiMonitor::sendMonitorConMsg, this,
                 [this](const QString& mac) { note("confirmed " + mac.toLatin1()); });
         connect(this, &RaWifiMonitor::sendAPIPMsg, this, [this] { note("ip"); });
@@ -411,8 +416,8 @@ void TestRaWifiMonitor::anAddressOfAnotherLengthNeverMatches()
     WatchedMonitor monitor;
     monitor.setWifiConnectStatus(1, 1);
     finding(Good);
-    const QStringList others = QStringList() << QString() << expectedMac.left(16) << expectedMac + QLatin1Char('\n')
-                                             << expectedMac.toUpper();
+    const QStringList others = QStringList() << QString() << expectedMac.left(16)
+                                             << expectedMac + QLatin1Char('\n') << expectedMac.toUpper();
     for (const QString& other : others) {
         monitor.recCheckAPConnect(other, 3);
         monitor.timeout();

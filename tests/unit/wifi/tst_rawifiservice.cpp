@@ -91,9 +91,9 @@ void TestRaWifiService::signalsAndSlotsAreThoseOfTheInterface()
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         const QMetaMethod method = meta.method(i);
         const QByteArray kind = method.methodType() == QMetaMethod::Signal ? "signal " : "slot ";
-        methods << kind + method.name() + '(' + method.parameterTypes().join(',') + ") "
-                       + method.parameterNames().join(',')
-                       + (method.attributes() & QMetaMethod::Cloned ? " short" : "");
+        methods << kind + method.name() + '(' + method.parameterTypes().join(',') + ") " +
+                       method.parameterNames().join(',') +
+                       (method.attributes() & QMetaMethod::Cloned ? " short" : "");
     }
     QCOMPARE(methods, QList<QByteArray>()
                           << "signal sendSetStatusMsg(QString,bool) macaddress,isend"
@@ -269,8 +269,9 @@ void TestRaWifiService::theOwnAddressIsReadOnce()
     MacBuffer first;
     QCOMPARE(service.getLocalMACaddress(first.bytes), 0);
     QCOMPARE(first.bytes, macText);
-    QCOMPARE(trace.here(), QList<QByteArray>() << QByteArray("run ") + removeAnswer << QByteArray("run ") + readMac
-                                               << "run rm /home/wifi/result3 -f");
+    QCOMPARE(trace.here(), QList<QByteArray>()
+                               << QByteArray("run ") + removeAnswer << QByteArray("run ") + readMac
+                               << "run rm /home/wifi/result3 -f");
     QVERIFY(!fakesystem::exists(marker));
     MacBuffer second;
     QCOMPARE(service.getLocalMACaddress(second.bytes), 0);
@@ -323,7 +324,8 @@ void TestRaWifiService::withoutMarkerTheOwnAddressStaysUnknown()
     RaWifiService service(0, nullptr);
     MacBuffer buffer;
     int result = 1;
-    const QByteArray printed = capturedOutput(stdout, [&] { result = service.getLocalMACaddress(buffer.bytes); });
+    const QByteArray printed =
+        capturedOutput(stdout, [&] { result = service.getLocalMACaddress(buffer.bytes); });
     QCOMPARE(result, 0);
     QVERIFY(buffer.isUntouched());
     QCOMPARE(printed, QByteArray("/home/wifi/temp.txt is not existing\n"));

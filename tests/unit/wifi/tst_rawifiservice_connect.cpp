@@ -127,18 +127,20 @@ QByteArray configuration(const Lines& settings)
            "ctrl_interface_group=0\n"
            "ap_scan=1\n"
            "network={\n"
-           "\tssid=\"Home\"\n"
-           + settings.join('\n') + "\n}\n";
+           "\tssid=\"Home\"\n" +
+           settings.join('\n') + "\n}\n";
 }
 
 /**
- * Keeps the DHCP stage out of the connecting thread's way: it starts its work when the address is being retrieved,
- * and the connecting thread goes on when it has ended. So what each thread does has one order only.
+ * Keeps the DHCP stage out of the connecting thread's way: it starts its work when the address is being
+ * retrieved, and the connecting thread goes on when it has ended. So what each thread does has one order
+ * only.
  */
 class DhcpInBetween
 {
 public:
-    explicit DhcpInBetween(Trace& trace) : m_connecting(std::this_thread::get_id())
+    explicit DhcpInBetween(Trace& trace)
+        : m_connecting(std::this_thread::get_id())
     {
         trace.onEntry([this](const QByteArray& entry) { onEntry(entry); });
     }
@@ -312,19 +314,23 @@ void TestRaWifiServiceConnect::joinsStepByStep_data()
     request.encry = WEP;
     request.psk = QStringLiteral("abcde");
     request.keyIndex = 2;
-    QTest::newRow("WEP, shared")
-        << request
-        << (Lines() << "\tkey_mgmt=NONE" << "\twep_key2=\"abcde\"" << "\twep_tx_keyidx=2" << "priority=5"
-                    << "auth_alg=SHARED")
-        << QByteArray("WEP") << 2;
+    QTest::newRow("WEP, shared") << request
+                                 << (Lines() << "\tkey_mgmt=NONE"
+                                             << "\twep_key2=\"abcde\""
+                                             << "\twep_tx_keyidx=2"
+                                             << "priority=5"
+                                             << "auth_alg=SHARED")
+                                 << QByteArray("WEP") << 2;
     request.authMode = 1;
     request.keyIndex = 0;
     request.psk = QStringLiteral("0123456789");
-    QTest::newRow("WEP, open")
-        << request
-        << (Lines() << "\tkey_mgmt=NONE" << "\twep_key0=0123456789" << "\twep_tx_keyidx=0" << "priority=5"
-                    << "auth_alg=OPEN")
-        << QByteArray("WEP") << 2;
+    QTest::newRow("WEP, open") << request
+                               << (Lines() << "\tkey_mgmt=NONE"
+                                           << "\twep_key0=0123456789"
+                                           << "\twep_tx_keyidx=0"
+                                           << "priority=5"
+                                           << "auth_alg=OPEN")
+                               << QByteArray("WEP") << 2;
     request.encry = NOENCRY;
     request.psk = QString();
     request.sigquality = 1;
@@ -426,8 +432,9 @@ void TestRaWifiServiceConnect::theRequestIsLogged()
     RaWifiService service(0, nullptr);
     fakesystem::answerWithoutEnd("callwpaconf.sh", [] {});
     const Lines logged = loggedMessages([&] { join(service, request); });
-    QCOMPARE(logged.value(0), QByteArray("-encry 2 ,macAddr =00:1a:2b:3c:4d:5e,essid =Home,password = password,"
-                                         "sigquality = 3 authMode =1,keyindex = 3"));
+    QCOMPARE(logged.value(0),
+             QByteArray("-encry 2 ,macAddr =00:1a:2b:3c:4d:5e,essid =Home,password = password,"
+                        "sigquality = 3 authMode =1,keyindex = 3"));
 }
 
 void TestRaWifiServiceConnect::turningPointsAreLogged_data()
@@ -466,11 +473,13 @@ void TestRaWifiServiceConnect::failsStepByStep_data()
     QTest::addColumn<Lines>("dhcpSteps");
     {
         Steps steps = upToTheConfiguration().tell("config wifi failed", -1);
-        QTest::newRow("the configuration cannot be written") << QByteArray("config") << steps.lines << Lines();
+        QTest::newRow("the configuration cannot be written")
+            << QByteArray("config") << steps.lines << Lines();
     }
     {
         Steps steps = upToLoading().tell("Wifi network configuration information failed", -2);
-        QTest::newRow("callwpaconf.sh does not come to its end") << QByteArray("load") << steps.lines << Lines();
+        QTest::newRow("callwpaconf.sh does not come to its end")
+            << QByteArray("load") << steps.lines << Lines();
     }
     {
         Steps steps = upToTheAddressLoop();
@@ -479,7 +488,8 @@ void TestRaWifiServiceConnect::failsStepByStep_data()
         }
         missedTry(steps, true);
         steps.tell("Failed to obtain IP information", -3).sleep(1000);
-        QTest::newRow("getip.sh does not come to its end, 12 times") << QByteArray("misses") << steps.lines << dhcpStage();
+        QTest::newRow("getip.sh does not come to its end, 12 times")
+            << QByteArray("misses") << steps.lines << dhcpStage();
     }
     {
         Steps steps = upToTheAddressLoop();
@@ -666,7 +676,8 @@ void TestRaWifiServiceConnect::aLineBreakInANameStaysOneSetting()
     request.essid = QStringLiteral("a\nb\"");
     RaWifiService service(0, nullptr);
     QCOMPARE(joinOnAWorker(service, request), 0);
-    QVERIFY2(fakesystem::readFile(config).contains("\tssid=610a6222\n"), fakesystem::readFile(config).constData());
+    QVERIFY2(fakesystem::readFile(config).contains("\tssid=610a6222\n"),
+             fakesystem::readFile(config).constData());
     QCOMPARE(savedNetwork(0).essid, "a\nb\"");
 }
 
@@ -694,7 +705,7 @@ void TestRaWifiServiceConnect::aLongNameIsCutToTheRow()
     traceSignals(trace, service);
     Request request;
     request.essid = QString(32, QLatin1Char('W'));
-    g_font.setPixelSize(40);
+    g_font.setPixelSize(20);
     QCOMPARE(join(service, request), 0);
     const QString cut = crop_string(g_font, request.essid, 250, QStringLiteral("..."));
     g_font = QFont();
@@ -764,12 +775,11 @@ void TestRaWifiServiceConnect::aMacThatIsNoneIsNeverWrittenOrSaved()
 void TestRaWifiServiceConnect::nothingOfARequestReachesAShell_data()
 {
     QTest::addColumn<QString>("hostile");
-    const char* const texts[] = {"$(touch /home/wifi/canary)",     "`touch /home/wifi/canary`",
-                                 ";touch /home/wifi/canary;",      "|touch /home/wifi/canary",
-                                 "&touch /home/wifi/canary&",      "'; touch /home/wifi/canary; '",
-                                 "\"; touch /home/wifi/canary; \"", "\\\"$(touch /home/wifi/canary)",
-                                 "%s%n%1%2",                        "-rf /home/wifi/canary",
-                                 "../../home/wifi/canary",          ">/home/wifi/canary"};
+    const char* const texts[] = {
+        "$(touch /home/wifi/canary)",      "`touch /home/wifi/canary`",      ";touch /home/wifi/canary;",
+        "|touch /home/wifi/canary",        "&touch /home/wifi/canary&",      "'; touch /home/wifi/canary; '",
+        "\"; touch /home/wifi/canary; \"", "\\\"$(touch /home/wifi/canary)", "%s%n%1%2",
+        "-rf /home/wifi/canary",           "../../home/wifi/canary",         ">/home/wifi/canary"};
     for (const char* hostile : texts) {
         QTest::newRow(hostile) << QString::fromLatin1(hostile);
     }
@@ -835,7 +845,8 @@ void TestRaWifiServiceConnect::theLockAtEachPoint()
     QList<QByteArray> states;
     RaWifiService service(0, nullptr);
     traceSignals(trace, service);
-    // The stage stays in its script until the address loop has begun, and has ended when the marker is removed there.
+    // The stage stays in its script until the address loop has begun, and has ended when the marker is
+    // removed there.
     trace.onEntry([&](const QByteArray& entry) {
         if (std::this_thread::get_id() != connecting) {
             if (entry == "run " + QByteArray(runDhcp)) {
@@ -846,7 +857,8 @@ void TestRaWifiServiceConnect::theLockAtEachPoint()
             return;
         }
         if (entry == "run " + QByteArray(getAddress)) {
-            states << entry + (isConnectionMutexLocked() ? " locked " : " free ") + QByteArray::number(lockStatus);
+            states << entry + (isConnectionMutexLocked() ? " locked " : " free ") +
+                          QByteArray::number(lockStatus);
             mayEnd.open();
             hasEnded.wait();
             while (__atomic_load_n(&lockStatus, __ATOMIC_SEQ_CST) != 0) {
@@ -854,7 +866,8 @@ void TestRaWifiServiceConnect::theLockAtEachPoint()
             }
             return;
         }
-        states << entry + (isConnectionMutexLocked() ? " locked " : " free ") + QByteArray::number(lockStatus);
+        states << entry + (isConnectionMutexLocked() ? " locked " : " free ") +
+                      QByteArray::number(lockStatus);
     });
     m_mutex.lock(); // from an attempt whose DHCP stage never came to its end
     lockStatus = 1;
@@ -1047,8 +1060,8 @@ void TestRaWifiServiceConnect::anEarlierAttemptsExpiryIsNotThisOnes()
     // It expires at this very moment: the expiry is delivered before the new attempt's request can be.
     QMetaObject::invokeMethod(watchdog, "timeout", Qt::DirectConnection);
     expired.open();
-    while (!trace.elsewhere().contains("sendSetStatusMsg 00:1a:2b:3c:4d:5e|true")
-           && !trace.elsewhere().contains("tell 0|Home|Data verification failed!|-1")) {
+    while (!trace.elsewhere().contains("sendSetStatusMsg 00:1a:2b:3c:4d:5e|true") &&
+           !trace.elsewhere().contains("tell 0|Home|Data verification failed!|-1")) {
         QCoreApplication::processEvents();
     }
     worker.join();
@@ -1241,9 +1254,10 @@ void TestRaWifiServiceConnect::onlyThePendingNetworkIsSavedAsJoined_data()
     QTest::addColumn<QByteArray>("keyManagement");
     QTest::newRow("open") << static_cast<int>(NOENCRY) << Request().mac << true << 1 << QByteArray("NOENCRY");
     QTest::newRow("WEP") << static_cast<int>(WEP) << Request().mac << true << 2 << QByteArray("WEP");
-    QTest::newRow("WPA2") << static_cast<int>(WPA2_PSK) << Request().mac << true << 2 << QByteArray("WPA2-PSK");
-    QTest::newRow("another one") << static_cast<int>(WPA2_PSK) << QStringLiteral("11:11:11:11:11:11") << false << 0
-                                 << QByteArray();
+    QTest::newRow("WPA2") << static_cast<int>(WPA2_PSK) << Request().mac << true << 2
+                          << QByteArray("WPA2-PSK");
+    QTest::newRow("another one") << static_cast<int>(WPA2_PSK) << QStringLiteral("11:11:11:11:11:11") << false
+                                 << 0 << QByteArray();
     QTest::newRow("upper case") << static_cast<int>(WPA2_PSK) << Request().mac.toUpper() << false << 0
                                 << QByteArray();
     QTest::newRow("none") << static_cast<int>(WPA2_PSK) << QString() << false << 0 << QByteArray();
@@ -1288,9 +1302,11 @@ void TestRaWifiServiceConnect::theDefaultNetworkIsJoinedWithOpenAuthentication()
     Steps steps = upToTheAddressLoop(true);
     successfulTryToTheEnd(steps);
     QCOMPARE(trace.here(), steps.lines);
-    QCOMPARE(fakesystem::readFile(config),
-             configuration(Lines() << "\tkey_mgmt=NONE" << "\twep_key0=\"abcde\"" << "\twep_tx_keyidx=0"
-                                   << "priority=5" << "auth_alg=OPEN"));
+    QCOMPARE(fakesystem::readFile(config), configuration(Lines() << "\tkey_mgmt=NONE"
+                                                                 << "\twep_key0=\"abcde\""
+                                                                 << "\twep_tx_keyidx=0"
+                                                                 << "priority=5"
+                                                                 << "auth_alg=OPEN"));
     QCOMPARE(savedNetwork(0).authMode, 1);
     QCOMPARE(savedNetwork(0).keyIndex, 0);
 }
@@ -1394,8 +1410,7 @@ void TestRaWifiServiceConnect::theRouteLineIsRead()
         steps.run(removeMarker);
     }
     QCOMPARE(trace.here(), steps.lines);
-    QCOMPARE(printed,
-             ends ? QByteArray() : QByteArray("getdymanicip /home/wifi/temp.txt is not existing\n"));
+    QCOMPARE(printed, ends ? QByteArray() : QByteArray("getdymanicip /home/wifi/temp.txt is not existing\n"));
 }
 
 void TestRaWifiServiceConnect::theRouteTextItselfMayBeTheBuffer()

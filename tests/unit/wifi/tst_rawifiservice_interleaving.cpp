@@ -17,10 +17,11 @@
 #include <unistd.h>
 #include <vector>
 
-// The address loop and the DHCP stage use the same two files. Here both are run in the orders in which the single
-// steps of one can fall between those of the other: each removal, each touch, each look and each read. In one order
-// a thread gives way to the other at up to three places where it could go on, and these are all places in turn;
-// RAWIFI_INTERRUPTIONS=N in the environment sets another number (1000: every order there is, several minutes).
+// The address loop and the DHCP stage use the same two files. Here both are run in the orders in which the
+// single steps of one can fall between those of the other: each removal, each touch, each look and each read.
+// In one order a thread gives way to the other at up to three places where it could go on, and these are all
+// places in turn; RAWIFI_INTERRUPTIONS=N in the environment sets another number (1000: every order there is,
+// several minutes).
 
 using namespace joining;
 
@@ -42,13 +43,16 @@ int mostInterruptions()
 }
 
 /**
- * Lets one of the two threads run at a time, from one gate to its next. Wherever both could go on, the order given
- * decides, and beyond its end none gives way; what was decided is kept.
+ * Lets one of the two threads run at a time, from one gate to its next. Wherever both could go on, the order
+ * given decides, and beyond its end none gives way; what was decided is kept.
  */
 class Scheduler
 {
 public:
-    explicit Scheduler(const Order& order) : m_order(order) {}
+    explicit Scheduler(const Order& order)
+        : m_order(order)
+    {
+    }
 
     /** From here on a DHCP stage is to be waited for. By the address loop's thread. */
     void expectDhcpStage()
@@ -145,7 +149,8 @@ private:
     std::function<bool()> m_isBlocked[2];
 };
 
-/** The order after one in which this was decided: at the last place where none gave way, one does. False after the last. */
+/** The order after one in which this was decided: at the last place where none gave way, one does. False
+ * after the last. */
 bool advance(Order& decisions)
 {
     while (!decisions.empty() && decisions.back()) {
@@ -172,14 +177,16 @@ class Run
 {
 public:
     Run(Scripts scripts, const Order& order)
-        : m_scripts(scripts), m_scheduler(order), m_main(std::this_thread::get_id())
+        : m_scripts(scripts)
+        , m_scheduler(order)
+        , m_main(std::this_thread::get_id())
     {
         fakesystem::reset();
         fakesystem::writeFile(answer, addressOfBefore);
         fakesystem::writeFile(marker, "");
         QFile::remove(QLatin1String("/home/wifi/ipinfo.txt"));
-        const char* const withoutEffect[] = {"rm -f /etc/wpa_supplicant.conf", "echo 3 >/home/wifi/signal.txt",
-                                             "echo 1 >/home/wifi/linkap.txt",
+        const char* const withoutEffect[] = {"rm -f /etc/wpa_supplicant.conf",
+                                             "echo 3 >/home/wifi/signal.txt", "echo 1 >/home/wifi/linkap.txt",
                                              "echo 00:1a:2b:3c:4d:5e >/home/wifi/curmac.txt"};
         for (const char* command : withoutEffect) {
             fakesystem::answerCommand(command, [] {});
@@ -266,8 +273,7 @@ private:
         if (++m_tries > 2) {
             m_scheduler.decideNoMore();
         }
-        const bool mustWait =
-            m_scripts == AddressByLease || (m_scripts == EmptyBeforeLease && m_tries > 2);
+        const bool mustWait = m_scripts == AddressByLease || (m_scripts == EmptyBeforeLease && m_tries > 2);
         m_scheduler.gate(AddressLoop, [this, mustWait] { return mustWait && !m_leased; });
         const bool told = m_scripts != NoAddress && (m_scripts != EmptyBeforeLease || m_leased);
         fakesystem::writeFile(answer, told ? QByteArray(address) + '\n' : QByteArray());
@@ -303,7 +309,8 @@ private:
 class Silence
 {
 public:
-    Silence() : m_nowhere(open("/dev/null", O_WRONLY | O_CLOEXEC))
+    Silence()
+        : m_nowhere(open("/dev/null", O_WRONLY | O_CLOEXEC))
     {
         std::fflush(stdout);
         for (int i = 0; i < 2; ++i) {
@@ -364,7 +371,8 @@ void TestRaWifiServiceInterleaving::everyOrderOfTheTwoThreadsEndsRight_data()
     QTest::newRow("the address is there at once") << static_cast<int>(AddressAtOnce) << 0 << 3 << true;
     QTest::newRow("the address comes with the lease") << static_cast<int>(AddressByLease) << 0 << 3 << true;
     QTest::newRow("no answer before the lease") << static_cast<int>(EmptyBeforeLease) << 0 << 4 << true;
-    QTest::newRow("the DHCP script does not come to its end") << static_cast<int>(DhcpWithoutEnd) << 0 << 3 << false;
+    QTest::newRow("the DHCP script does not come to its end")
+        << static_cast<int>(DhcpWithoutEnd) << 0 << 3 << false;
     QTest::newRow("there is no address") << static_cast<int>(NoAddress) << -2 << 15 << true;
 }
 
@@ -377,7 +385,9 @@ void TestRaWifiServiceInterleaving::everyOrderOfTheTwoThreadsEndsRight()
 
     RaWifiService service(0, nullptr);
     int messages = 0;
-    connect(&service, &RaWifiService::sendListWndInfo, &service, [&messages] { ++messages; }, Qt::DirectConnection);
+    connect(
+        &service, &RaWifiService::sendListWndInfo, &service, [&messages] { ++messages; },
+        Qt::DirectConnection);
     QTimer* const watchdog = watchdogOf(service);
     QByteArray wrong;
     int orders = 0;
@@ -393,11 +403,11 @@ void TestRaWifiServiceInterleaving::everyOrderOfTheTwoThreadsEndsRight()
             const bool isKept = lockStatus == 1 && isConnectionMutexLocked() && watchdog->isActive();
             const bool isStageRight = isReleased || (!stageEndsWell && isKept);
             const QByteArray published = fakesystem::readFile("/home/wifi/ipinfo.txt");
-            if (got != result || run.tries() > mostTries || !isStageRight
-                || published != (result == 0 ? QByteArray(address) : QByteArray())) {
-                wrong += "result " + QByteArray::number(got) + ", address " + published + ", "
-                         + QByteArray::number(run.tries()) + " tries, lock status " + QByteArray::number(lockStatus)
-                         + ", order ";
+            if (got != result || run.tries() > mostTries || !isStageRight ||
+                published != (result == 0 ? QByteArray(address) : QByteArray())) {
+                wrong += "result " + QByteArray::number(got) + ", address " + published + ", " +
+                         QByteArray::number(run.tries()) + " tries, lock status " +
+                         QByteArray::number(lockStatus) + ", order ";
                 for (const bool givesWay : run.decisions()) {
                     wrong += givesWay ? '/' : '.';
                 }

@@ -85,6 +85,7 @@ private Q_SLOTS:
     void unreadableResultKeepsTheList_data();
     void unreadableResultKeepsTheList();
     void answerIsRemovedAfterReadingAndTheMarkerIsNot();
+    void markerOfAScanDoesNotVouchForTheNextScript();
     void supplicantIsStartedWhenItDoesNotRun_data();
     void supplicantIsStartedWhenItDoesNotRun();
     void savedNetworksAreRankedByTheStore();
@@ -319,6 +320,18 @@ void TestScan::answerIsRemovedAfterReadingAndTheMarkerIsNot()
     service.loadAPList();
     QVERIFY(!fakesystem::exists(answerFile));
     QVERIFY(fakesystem::exists("/home/wifi/result3"));
+}
+
+void TestScan::markerOfAScanDoesNotVouchForTheNextScript()
+{
+    RaWifiService service(1, nullptr);
+    answerScans(line(macA, "[ESS]", "cafe"));
+    service.loadAPList();
+    fakesystem::answerWithoutEnd("getlocalmac.sh", [] { fakesystem::writeFile(answerFile, "02:00:00:00:00:01\n"); });
+    char mac[18] = "unchanged";
+    const QByteArray printed = capturedOutput(stdout, [&] { QCOMPARE(service.getLocalMACaddress(mac), 0); });
+    QCOMPARE(printed, QByteArray("/home/wifi/temp.txt is not existing\n"));
+    QCOMPARE(QByteArray(mac), QByteArray("unchanged"));
 }
 
 void TestScan::supplicantIsStartedWhenItDoesNotRun_data()
