@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The rawificontrol authors
+// SPDX-License-Identifier: MIT
+
+// A host application as a device maker would write it: a home page, and the library's Wi-Fi page over it.
+
+#include "homepage.h"
+#include "rememberednetworks.h"
+
+#include <rawificontrol.h>
+
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+
+    // The order matters: the manager's constructor forgets an application set before.
+    RaWifiManager* const wifi = RaWifiManager::instance();
+    RaWifiManager::setMainAppObj(&application);
+
+    HomePage home(wifi);
+    home.setWindowFlags(Qt::FramelessWindowHint);
+    home.resize(320, 480);
+    home.show();
+
+    RememberedNetworks remembered(wifi);
+    remembered.bringBack();
+
+    const int status = application.exec();
+    wifi->setParent(nullptr); // the library destroys its page itself
+    RaWifiManager::close();
+    return status;
+}

@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: 2026 The rawificontrol authors
+// SPDX-License-Identifier: MIT
+#ifndef RAWIFI_RAWIFILISTWIDGET_H
+#define RAWIFI_RAWIFILISTWIDGET_H
+
+#include "rawifi_export.h"
+#include "rawifirecords.h"
+
+#include <QByteArray>
+#include <QPointer>
+#include <QSet>
+#include <QString>
+#include <QVector>
+#include <QWidget>
+
+class QLabel;
+class QScrollArea;
+class RaListwidget;
+class RaTitleWidget;
+class RaWifiInputWnd;
+
+/**
+ * The Wi-Fi page, 320 pixels wide: a title with a back mark, and a scrolling list with the switch and one row per
+ * network; over both, when a password is needed, the page to type it on. It turns what the user does into signals
+ * and is told the outcome. GUI thread only; the owner gives it its height.
+ *
+ * A network is known by the address of its access point: which one is joined, and which ones could not be.
+ */
+class RAWIFI_EXPORT RaWifiListWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    /** \a backShown: see showBackButton(). \a mac: the device's own address, shown above the list. */
+    RaWifiListWidget(QWidget* parent, bool backShown, QString title, QString mac);
+
+    /** Builds the page; the constructor has called it, and a repeat sets \a type alone, the kind of page. */
+    void createUI(QString title, int type, QString mac);
+    void createTitleBar();
+    /** Makes the list with its switch. */
+    void createWifiSwitch();
+
+    /**
+     * Shows APDataArray as it is now, and this window. Scroll position and password page stay as they are. When
+     * this returns the list has 60 pixels per network; with the event loop it takes what its rows need.
+     */
+    void showRefreshListData();
+    /** Whether a join is in progress: until it is over, no row can be tapped. */
+    void setLinkAP(bool linking);
+    /** Shows the row of \a ap as being joined or, with \a joined, as joined; every other row as neither. */
+    void recWifiListMsg(APData ap, bool joined = false);
+    /**
+     * The attempt to join \a ap has failed: its row goes back to idle, and if the network is locked, the next tap
+     * on it asks for its password, even if one is saved.
+     */
+    void setConnectFailed(APData ap);
+    /** Forgets which network is joined. */
+    void setClearMac();
+
+    /** Puts the switch where the state is, without a signal. Off: no rows. On: "Discovering..." until a refresh. */
+    void setWifiSwitch(bool on);
+    /** Whether the page says "Discovering...". */
+    void setScanning(bool scanning);
+
+    /** Empties and hides the password page. */
+    void HideKeyBoardWnd();
+    /** The window to show again when the user leaves this one; not owned. */
+    void setPrevWidget(QWidget* previous);
+    /** Drops the items of addListItem(). */
+    void clearData();
+    /** Sorts APDataArray by rank, then by signal; returns the number of networks. */
+    int setlistItemData();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    void signalShowWifiList();
+    void signalItemClick(int index);
+    void sendWifiSwitch(bool isOn);
+    void sendQuitListWnd();
+    /** Join \a apinfo, with the password that it carries; \a msgid is 3. */
+    void sendWifiManageInfo(int msgid, APData apinfo);
+
+public Q_SLOTS:
+    void slotQuit();
+    void showBackButton(bool flag);
+    void slotShowConfigWnd();
+    void slotListItemClick(int index);
+    void addListItem(QVector<RaItemData> items);
+    void resetItemData(QVector<RaItemData> items);
+    void recCheckChanged(bool isCheck);
+    void recMoveStep(bool isUP, int moveValue);
+    void recSelectItemByList(APData data);
+    void recWifiInputCancelMsg();
+    void recWifiInputOkMsg(APData data);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    Q_DISABLE_COPY(RaWifiListWidget)
+
+    void createScrollArea(const QString& mac);
+    QLabel* createStripLabel(Qt::Alignment alignment);
+    void createInputWnd();
+    void fitContent();
+    void requestFit();
+    void markRows();
+    void showState(const QString& state);
+    bool needsPassword(const APData& network) const;
+
+    QString m_titleText;
+    RaTitleWidget* m_title = nullptr;
+    QWidget* m_backCover = nullptr;
+    QScrollArea* m_scrollArea = nullptr;
+    QWidget* m_content = nullptr;
+    QLabel* m_state = nullptr;
+    RaListwidget* m_list = nullptr;
+    RaWifiInputWnd* m_inputWnd = nullptr;
+    QPointer<QWidget> m_previous;
+    QVector<RaItemData> m_items;
+    int m_pageKind = 0;
+    int m_prescribedHeight = 0;
+    bool m_linking = false;
+    bool m_wifiOn = false;
+    APData m_joining;          ///< without an address when no join is in progress
+    QByteArray m_joinedMac;    ///< empty when no network is joined
+    QSet<QByteArray> m_failed; ///< networks whose last attempt failed
+};
+
+#endif
