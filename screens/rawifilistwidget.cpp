@@ -80,7 +80,7 @@ RaWifiListWidget::RaWifiListWidget(QWidget* parent, bool backShown, QString titl
 void RaWifiListWidget::createUI(QString title, int type, QString mac)
 {
     m_pageKind = type;
-    if (m_title) {
+    if (m_inputWnd) {
         return;
     }
     m_titleText = title;
@@ -93,6 +93,9 @@ void RaWifiListWidget::createUI(QString title, int type, QString mac)
 
 void RaWifiListWidget::createTitleBar()
 {
+    if (m_title) {
+        return;
+    }
     m_title = new RaTitleWidget(m_titleText, QString(), true, this);
     m_title->setParent(this);
     connect(m_title, SIGNAL(backPressed()), this, SLOT(slotQuit()));
@@ -136,6 +139,9 @@ QLabel* RaWifiListWidget::createStripLabel(Qt::Alignment alignment)
 
 void RaWifiListWidget::createWifiSwitch()
 {
+    if (m_list) {
+        return;
+    }
     m_list = new RaListwidget(listPage, m_content);
     m_list->setSetting(listPage);
     m_list->setSwitchPos(1);
@@ -170,7 +176,7 @@ void RaWifiListWidget::showRefreshListData()
     m_list->setGeometry(0, stripHeight, pageWidth, m_prescribedHeight);
     setScanning(false);
     if (nCount == 0 && m_list->rowCount() == 0) {
-        showState(tr("No networks found"));
+        m_state->setText(tr("No networks found"));
     }
     requestFit();
     m_list->show();
@@ -258,12 +264,7 @@ void RaWifiListWidget::setScanning(bool scanning)
 {
     assertGuiThread(this);
     m_list->setIsHideMsg(!scanning);
-    showState(scanning && m_list->rowCount() > 0 ? tr("Discovering...") : QString());
-}
-
-void RaWifiListWidget::showState(const QString& state)
-{
-    m_state->setText(state);
+    m_state->setText(scanning && m_list->rowCount() > 0 ? tr("Discovering...") : QString());
 }
 
 void RaWifiListWidget::HideKeyBoardWnd()

@@ -33,7 +33,8 @@ public:
     /** \a backShown: see showBackButton(). \a mac: the device's own address, shown above the list. */
     RaWifiListWidget(QWidget* parent, bool backShown, QString title, QString mac);
 
-    /** Builds the page; the constructor has called it, and a repeat sets \a type alone, the kind of page. */
+    // The constructor has called these; a repeat builds nothing.
+    /** Builds the page and sets \a type, the kind of page, which a repeat sets as well. */
     void createUI(QString title, int type, QString mac);
     void createTitleBar();
     /** Makes the list with its switch. */
@@ -107,7 +108,6 @@ private:
     void fitContent();
     void requestFit();
     void markRows();
-    void showState(const QString& state);
     bool needsPassword(const APData& network) const;
 
     QString m_titleText;

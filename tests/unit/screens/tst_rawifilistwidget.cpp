@@ -258,6 +258,8 @@ void TestRaWifiListWidget::sameUiIsNotBuiltTwice()
 {
     Screen screen(3);
     screen.page->createUI(QString::fromLatin1("again"), 100, QString());
+    screen.page->createTitleBar();
+    screen.page->createWifiSwitch();
     QCOMPARE(int(screen.findChildren<RaTitleWidget*>().size()), 1);
     QCOMPARE(int(screen.findChildren<RaListwidget*>().size()), 1);
     QCOMPARE(int(screen.rows().size()), 3);
