@@ -123,11 +123,13 @@ void RaListwidget::clearRows()
     m_switchRow->setGeometry(tallSwitchRect);
 }
 
-// Later, because a row may be in the middle of reporting its own tap.
+// Deleted later, because a row may be in the middle of reporting its own tap; a finger that is still on one reports
+// nothing more.
 void RaListwidget::dropRows()
 {
-    m_isPressOutdated = m_isFingerDown;
     for (RaItemPushBtn* row : m_rows) {
+        row->disconnect(this);
+        row->removeEventFilter(this);
         row->hide();
         row->deleteLater();
     }
@@ -290,8 +292,6 @@ void RaListwidget::fingerDown(const QPoint& position)
     m_lastPosition = position;
     m_releaseTimer->stop();
     m_moveCount = 0;
-    m_isFingerDown = true;
-    m_isPressOutdated = false;
 }
 
 void RaListwidget::fingerMoved(QObject* watched, const QPoint& position)
@@ -300,7 +300,7 @@ void RaListwidget::fingerMoved(QObject* watched, const QPoint& position)
     if (qAbs(dy) < smallestStep) {
         return;
     }
-    m_moveCount = m_moveCount == -1 ? 0 : m_moveCount + 1;
+    ++m_moveCount; // to 0, and so not counted, after the timer
     if (dy >= 1) {
         RA_DEBUG("Slide down y dis.y() =%d", dy);
     } else {
@@ -313,14 +313,12 @@ void RaListwidget::fingerMoved(QObject* watched, const QPoint& position)
 
 bool RaListwidget::takesRelease(QObject* watched)
 {
-    const bool isTap = m_moveCount == 0 && m_passThrough && !m_isPressOutdated;
+    const bool isTap = m_moveCount == 0 && m_passThrough;
     if (m_moveCount >= longDragSteps) {
         m_releaseTimer->start(restMs);
         RA_DEBUG("--------call releaseMoveStatus start 100-------"); // the number says nothing about the interval
     }
     m_moveCount = 0;
-    m_isFingerDown = false;
-    m_isPressOutdated = false;
     if (isTap) {
         return false;
     }

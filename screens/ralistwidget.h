@@ -110,8 +110,6 @@ private:
     int m_moveCount = 0;
     bool m_passThrough = true;
     QTimer* m_releaseTimer = nullptr;
-    bool m_isFingerDown = false;
-    bool m_isPressOutdated = false; ///< the finger went down on a row that has been replaced since
 };
 
 #endif

@@ -160,7 +160,7 @@ int RaWifiManager::openWifi(int)
     m_gui->run([this] { checkAPListWnd(); });
     if (getIsConnect()) {
         RA_DEBUG("getIsConnect = true");
-        m_gui->run([this] {
+        runUnlessOutdated([this] {
             m_switchOn = true;
             delete m_spareWindow;
             m_spareWindow = nullptr;
@@ -252,7 +252,7 @@ int RaWifiManager::connectUserSelectAP(const char* macAddr, int encry, const cha
 {
     RA_DEBUG("ssid =%s,psk= %s \n", macAddr, psk); // the address stands where the name is announced
     const QString mac = QString::fromLatin1(macAddr);
-    m_gui->run([this, &mac] {
+    runUnlessOutdated([this, &mac] {
         m_selectedMac = mac;
         m_listState = 0;
     });
@@ -313,11 +313,7 @@ int RaWifiManager::disConnectAp()
 
 void RaWifiManager::SetSuccessFlag(APData*)
 {
-    const std::atomic<bool>* const isOutdated = managerworker::outdatedMark();
-    m_gui->run([this, isOutdated] {
-        if (isOutdated && *isOutdated) {
-            return; // another worker has been started while this one waited
-        }
+    runUnlessOutdated([this] {
         m_connected = true;
         m_isJoining = false;
         if (m_messageWindow) {
@@ -337,6 +333,17 @@ int RaWifiManager::callSendRefreshList()
 {
     Q_EMIT sendRefreshList();
     return 0;
+}
+
+// On the GUI thread. A worker that nobody waits for any more has no say.
+void RaWifiManager::runUnlessOutdated(const std::function<void()>& work)
+{
+    const std::atomic<bool>* const isOutdated = managerworker::outdatedMark();
+    m_gui->run([isOutdated, &work] {
+        if (!isOutdated || !*isOutdated) {
+            work();
+        }
+    });
 }
 
 bool RaWifiManager::createListWindow(const char* exitMenuSignal, const char* exitMenuSlot)

@@ -9,6 +9,7 @@
 #include <QMutex>
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <pthread.h>
 
 class QApplication;
@@ -119,6 +120,7 @@ protected:
 private:
     Q_DISABLE_COPY(RaWifiManager)
 
+    void runUnlessOutdated(const std::function<void()>& work);
     bool createListWindow(const char* exitMenuSignal, const char* exitMenuSlot);
     void prepareMessageWindow();
     void makeServiceAndMonitor();

@@ -19,6 +19,10 @@ int main(int argc, char** argv)
     const bool levelKnown = calculateSignalLevel(45, 5) == 3;
     const bool emptyLists = APDataArray.isEmpty() && g_linkAPList.isEmpty() && g_linkAPIndex == -1;
 
-    std::printf("%d %d %d %d\n", channelKnown, kindKnown, levelKnown, emptyLists);
-    return channelKnown && kindKnown && levelKnown && emptyLists ? 0 : 1;
+    RaWifiManager* const page = RaWifiManager::instance();
+    const bool pageKnown = page == RaWifiManager::instance();
+    RaWifiManager::close();
+
+    std::printf("%d %d %d %d %d\n", channelKnown, kindKnown, levelKnown, emptyLists, pageKnown);
+    return channelKnown && kindKnown && levelKnown && emptyLists && pageKnown ? 0 : 1;
 }

@@ -35,6 +35,10 @@ by_pkgconfig() { # by_pkgconfig PREFIX
         LD_LIBRARY_PATH="$(dirname "$(find "$1" -name librawificontrol.so)")" "$1/by-pkgconfig"
 }
 
+builds_host() { # builds_host PREFIX
+    cmake -G Ninja -S examples/host -B "$1/host" -DCMAKE_PREFIX_PATH="$1" && cmake --build "$1/host"
+}
+
 for qt in qt6 qt5; do
     prefix=$scratch/$qt
     check "$qt: install" cmake --install "build/$qt" --prefix "$prefix"
@@ -43,6 +47,7 @@ for qt in qt6 qt5; do
     check "$qt: CMake package configures" cmake -G Ninja -S "$here" -B "$prefix/build" -DCMAKE_PREFIX_PATH="$prefix"
     check "$qt: CMake package builds" cmake --build "$prefix/build"
     check "$qt: CMake package's program runs" "$prefix/build/consumer"
+    check "$qt: the reference host builds against the installed library" builds_host "$prefix"
     check "$qt: pkg-config builds and runs" by_pkgconfig "$prefix"
 done
 echo "$passed passed, $failed failed"

@@ -62,7 +62,13 @@ public:
             }
             said += m_program.readAll();
         }
-        return openControl() ? QByteArray() : QByteArray("cannot reach its control interface");
+        for (int tries = 0; tries < 1000; ++tries) { // it says that before its control interface is there
+            if (openControl()) {
+                return QByteArray();
+            }
+            poll(nullptr, 0, 10);
+        }
+        return "cannot reach its control interface";
     }
 
     /** One request of its control interface and the answer. */
@@ -130,10 +136,12 @@ private:
     {
         const sockaddr_un own = addressOf("/tmp/supplicant-client");
         const sockaddr_un other = addressOf("/var/run/wpa_supplicant/lo");
-        m_socket = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-        unlink(own.sun_path);
-        return bind(m_socket, reinterpret_cast<const sockaddr*>(&own), sizeof own) == 0
-               && connect(m_socket, reinterpret_cast<const sockaddr*>(&other), sizeof other) == 0;
+        if (m_socket == -1) {
+            unlink(own.sun_path);
+            m_socket = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+            bind(m_socket, reinterpret_cast<const sockaddr*>(&own), sizeof own);
+        }
+        return connect(m_socket, reinterpret_cast<const sockaddr*>(&other), sizeof other) == 0;
     }
 
     QProcess m_program;

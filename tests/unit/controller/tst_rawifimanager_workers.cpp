@@ -118,6 +118,7 @@ private Q_SLOTS:
     void ofTwoJoinsAtOnceTheLaterCounts_data();
     void ofTwoJoinsAtOnceTheLaterCounts();
     void aScanDuringAJoinReleasesTheList();
+    void aLinkFoundAfterSwitchingOffDoesNotSwitchOn();
     void aScanThatEndsAfterSwitchingOffIsNotShown_data();
     void aScanThatEndsAfterSwitchingOffIsNotShown();
 
@@ -543,6 +544,19 @@ void TestRaWifiManagerWorkers::aScanDuringAJoinReleasesTheList()
     QCOMPARE(page.state("Open"), QByteArray("idle"));
     QVERIFY(page.takesTaps());
     QVERIFY(!getIsConnect());
+}
+
+void TestRaWifiManagerWorkers::aLinkFoundAfterSwitchingOffDoesNotSwitchOn()
+{
+    Page page;
+    page->show();
+    setLink(true);
+    QSignalSpy refreshes(page.get(), SIGNAL(sendRefreshList()));
+    page->recAPSwitch(true);
+    page->recAPSwitch(false); // the worker still waits for this thread to make the windows
+    QVERIFY(waitForWorkers());
+    QVERIFY(!page.isSwitchOn());
+    QCOMPARE(static_cast<int>(refreshes.size()), 0);
 }
 
 void TestRaWifiManagerWorkers::aScanThatEndsAfterSwitchingOffIsNotShown_data()

@@ -327,9 +327,10 @@ int main(int argc, char** argv)
                         "</policy></busconfig>");
     configuration.close();
     QProcess bus;
-    bus.start(text("dbus-daemon"), QStringList()
-                                       << text("--nofork") << text("--nopidfile") << text("--print-address")
-                                       << text("--config-file=") + configuration.fileName());
+    // It ends with this process, however that ends.
+    bus.start(text("setpriv"), QStringList() << text("--pdeathsig") << text("KILL") << text("dbus-daemon")
+                                             << text("--nofork") << text("--nopidfile") << text("--print-address")
+                                             << text("--config-file=") + configuration.fileName());
     if (!bus.waitForStarted() || !bus.waitForReadyRead()) {
         qWarning("no dbus-daemon: %s", bus.readAllStandardError().constData());
         return 1;

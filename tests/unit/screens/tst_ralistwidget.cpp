@@ -454,8 +454,12 @@ void TestRaListwidget::rowReplacedUnderTheFingerDoesNothing()
     QSignalSpy items(&list, SIGNAL(itemClick(int)));
     QWindow* screen = list.windowHandle();
     const QPoint point = list.rows().at(1)->geometry().center();
+    RaItemPushBtn* old = list.rows().at(1);
     QTest::mousePress(screen, Qt::LeftButton, Qt::NoModifier, point);
     list.setListData();
+    finger(old, QEvent::MouseMove, old->mapToGlobal(QPoint(10, 40)));
+    finger(old, QEvent::MouseButtonRelease, old->mapToGlobal(QPoint(10, 40)));
+    QCOMPARE(items.count(), 0);
     sweep();
     QTest::mouseRelease(screen, Qt::LeftButton, Qt::NoModifier, point);
     QCOMPARE(items.count(), 0);

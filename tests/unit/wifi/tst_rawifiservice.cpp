@@ -321,6 +321,7 @@ void TestRaWifiService::theOwnAddressIsTakenAsTheScriptWroteIt()
 void TestRaWifiService::withoutMarkerTheOwnAddressStaysUnknown()
 {
     fakesystem::answerWithoutEnd("getlocalmac.sh", [] { fakesystem::writeFile(answer, macText); });
+    fakesystem::writeFile(marker, ""); // another script's
     RaWifiService service(0, nullptr);
     MacBuffer buffer;
     int result = 1;

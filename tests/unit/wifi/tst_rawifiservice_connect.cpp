@@ -512,6 +512,7 @@ void TestRaWifiServiceConnect::failsStepByStep()
         QDir().mkpath(QLatin1String(config) + QLatin1String("/not-empty"));
     } else if (fault == "load") {
         fakesystem::answerWithoutEnd("callwpaconf.sh", [] {});
+        fakesystem::writeFile(marker, ""); // another script's
     } else if (fault == "misses") {
         fakesystem::answerWithoutEnd("getip.sh", [] { fakesystem::writeFile(answer, "192.168.7.23\n"); });
     } else if (fault == "reads") {
@@ -1397,6 +1398,7 @@ void TestRaWifiServiceConnect::theRouteLineIsRead()
         fakesystem::answerWithoutEnd("getroute.sh", script);
     }
     fakesystem::writeFile(answer, "older\n");
+    fakesystem::writeFile(marker, ""); // another script's
     RaWifiService service(0, nullptr);
     Trace trace;
     char route[256] = "untouched";
