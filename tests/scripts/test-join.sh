@@ -23,13 +23,17 @@ scanned() {
     done
 }
 
-# An attempt has begun on a quiet device, with nothing to be ended.
-attempt_begun() {
-    rm -rf "$control"
-    network '"home"'
-    device_to_the_end callwpaconf.sh
-    /fake/bin/make-socket
+# The supplicant has started, and nothing else has happened: dhcp_setip.sh takes this to its end by itself.
+supplicant_started() {
+    [ -d "$run" ] || mkdir -m 700 "$run"
     does wpa_cli-list_networks "cat $recorded/list_networks-current.txt"
+}
+
+# An attempt is under way in somebody else's hands.
+attempt_begun() {
+    supplicant_started
+    cat /proc/sys/kernel/random/uuid >"$run/attempt"
+    echo joining >"$run/link.$(cat "$run/attempt")"
 }
 
 # The client's events, as udhcpc gives them.
@@ -64,7 +68,6 @@ test_the_supplicant_starts_on_the_configuration_that_is_there() {
     device_to_the_end callwpaconf.sh
     expect_run '-c /etc/wpa_supplicant.conf'
     cmp -s /fake/before /etc/wpa_supplicant.conf || problem 'the configuration has changed'
-    expect_link joining
     expect_no_file "$answer"
 }
 
@@ -78,7 +81,22 @@ test_the_caller_does_not_wait_for_the_supplicant_to_come_up() {
     expect_time 0 0
     expect_no_file /fake/victim/file
     echo >/fake/go
+    until [ "$(link_state)" = 'failed association' ]; do :; done
     rm /fake/go
+}
+
+test_the_attempt_goes_on_to_a_lease_by_itself() {
+    rm -r "$control"
+    network '"home"'
+    interface_is up
+    dhcp_gives "$lease"
+    device_to_the_end callwpaconf.sh
+    expect_link 'bound 10.9.0.42'
+    : >/fake/log
+    device dhcp_setip.sh
+    expect_result 0
+    expect_time 0 0
+    expect_file /fake/log ''
 }
 
 test_the_channels_of_the_last_scan_come_first() {
@@ -127,7 +145,7 @@ test_an_older_supplicant_searches_all_channels() {
     does wpa_supplicant 'case $* in *" -I "*) exit 255 ;; esac; echo started >/fake/victim/file'
     device_to_the_end callwpaconf.sh
     expect_file /fake/victim/file "started$newline"
-    expect_link joining
+    expect_link 'failed association'
 }
 
 test_a_supplicant_that_does_not_start_ends_the_attempt() {
@@ -225,14 +243,71 @@ test_a_supplicant_that_never_comes_up_is_not_waited_for_long() {
     network '"home"'
     mkdir -m 700 "$run"
     echo supplicant >"$run/starting"
+    does wpa_supplicant 'exit 255'
     device callwpaconf.sh
     expect_time 300 320
+    until [ "$(link_state)" = 'failed supplicant' ]; do :; done
 }
 
 # --- dhcp_setip.sh ---------------------------------------------------------------------------------------------------
 
-test_a_lease_is_taken_at_once_on_a_link_that_is_up() {
+test_the_end_of_an_attempt_under_way_is_waited_for() {
+    while IFS='|' read -r end outcome; do
+        begin_test
+        attempt_begun
+        at 300 "echo '$end' >/var/run/rawifi/link.\$(cat /var/run/rawifi/attempt)"
+        device dhcp_setip.sh
+        expect_result "$outcome"
+        expect_time 300 303
+        expect_not_run udhcpc
+    done <<'END'
+bound 10.9.0.42|0
+failed lease|1
+END
+}
+
+test_an_attempt_that_never_ends_is_given_up() {
     attempt_begun
+    device dhcp_setip.sh
+    expect_result 1
+    expect_time 2500 2510
+    expect_link 'failed late'
+}
+
+test_a_lost_lease_is_asked_for_again() {
+    attempt_begun
+    echo lost >"$run/link.$(cat "$run/attempt")"
+    interface_is up
+    dhcp_gives "$lease"
+    device dhcp_setip.sh
+    expect_result 0
+    expect_link 'bound 10.9.0.42'
+}
+
+test_another_attempt_ends_the_wait_for_the_association() {
+    supplicant_started
+    at 200 'echo another >/var/run/rawifi/attempt'
+    device dhcp_setip.sh
+    expect_result 1
+    expect_time 200 300
+    expect_not_run udhcpc
+}
+
+test_another_attempt_ends_the_client() {
+    supplicant_started
+    interface_is up
+    dhcp_gives ''
+    does udhcpc "echo \$\$ >/fake/client; $hang"
+    at 200 'echo another >/var/run/rawifi/attempt'
+    device dhcp_setip.sh
+    expect_result 1
+    expect_time 200 203
+    read -r client </fake/client
+    ! kill "$client" 2>/dev/null || problem 'it was not ended'
+}
+
+test_a_lease_is_taken_at_once_on_a_link_that_is_up() {
+    supplicant_started
     interface_is up
     dhcp_gives "$lease"
     device dhcp_setip.sh
@@ -245,7 +320,7 @@ test_a_lease_is_taken_at_once_on_a_link_that_is_up() {
 }
 
 test_the_association_is_waited_for() {
-    attempt_begun
+    supplicant_started
     dhcp_gives "$lease"
     at 150 'echo up >/sys/class/net/wlan0/operstate'
     device dhcp_setip.sh
@@ -254,7 +329,7 @@ test_the_association_is_waited_for() {
 }
 
 test_a_wrong_key_ends_it_when_the_supplicant_knows() {
-    attempt_begun
+    supplicant_started
     at 400 "echo 'cat $recorded/list_networks-temp-disabled-wrong-key.txt' >/fake/does/wpa_cli-list_networks"
     device dhcp_setip.sh
     expect_result 1
@@ -268,7 +343,7 @@ test_a_wrong_key_ends_it_when_the_supplicant_knows() {
 }
 
 test_a_name_cannot_pass_for_a_wrong_key() {
-    attempt_begun
+    supplicant_started
     does wpa_cli-list_networks 'printf "network id / ssid / bssid / flags\n0\t[TEMP-DISABLED]\tany\t[CURRENT]\n"'
     dhcp_gives "$lease"
     at 300 'echo up >/sys/class/net/wlan0/operstate'
@@ -277,7 +352,7 @@ test_a_name_cannot_pass_for_a_wrong_key() {
 }
 
 test_a_network_that_is_not_found_is_looked_for_on_all_channels() {
-    attempt_begun
+    supplicant_started
     does wpa_cli-list_networks 'printf "network id / ssid / bssid / flags\n0\thome\tany\t\n"'
     dhcp_gives "$lease"
     does wpa_cli-scan 'test $# -eq 1 && echo up >/sys/class/net/wlan0/operstate'
@@ -287,7 +362,7 @@ test_a_network_that_is_not_found_is_looked_for_on_all_channels() {
 }
 
 test_the_first_search_has_its_time() {
-    attempt_begun
+    supplicant_started
     does wpa_cli-list_networks 'printf "network id / ssid / bssid / flags\n0\thome\tany\t\n"'
     at 90 "echo 'cat $recorded/list_networks-current.txt' >/fake/does/wpa_cli-list_networks"
     at 150 'echo up >/sys/class/net/wlan0/operstate'
@@ -298,7 +373,7 @@ test_the_first_search_has_its_time() {
 }
 
 test_a_supplicant_that_comes_up_slowly_is_waited_for() {
-    attempt_begun
+    supplicant_started
     does wpa_cli-list_networks :
     echo supplicant >"$run/starting"
     at 500 'echo up >/sys/class/net/wlan0/operstate'
@@ -308,7 +383,7 @@ test_a_supplicant_that_comes_up_slowly_is_waited_for() {
 }
 
 test_a_network_that_is_not_there_is_given_up() {
-    attempt_begun
+    supplicant_started
     does wpa_cli-list_networks 'printf "network id / ssid / bssid / flags\n0\thome\tany\t\n"'
     device dhcp_setip.sh
     expect_result 1
@@ -316,8 +391,17 @@ test_a_network_that_is_not_there_is_given_up() {
     expect_link 'failed association'
 }
 
+test_another_supplicant_without_networks_is_left_alone() {
+    supplicant_started
+    does wpa_cli-list_networks 'echo "network id / ssid / bssid / flags"'
+    device dhcp_setip.sh
+    expect_result 1
+    expect_time 0 100
+    expect_not_run 'wlan0 scan'
+}
+
 test_a_supplicant_that_died_is_not_waited_for() {
-    attempt_begun
+    supplicant_started
     does wpa_cli-list_networks :
     device dhcp_setip.sh
     expect_result 1
@@ -325,7 +409,7 @@ test_a_supplicant_that_died_is_not_waited_for() {
 }
 
 test_a_supplicant_that_hangs_is_not_waited_for() {
-    attempt_begun
+    supplicant_started
     does wpa_cli-list_networks "$hang"
     device dhcp_setip.sh
     expect_result 1
@@ -333,7 +417,7 @@ test_a_supplicant_that_hangs_is_not_waited_for() {
 }
 
 test_a_client_without_answer_ends_it() {
-    attempt_begun
+    supplicant_started
     interface_is up
     dhcp_gives ''
     does udhcpc 'exit 1'
@@ -344,7 +428,7 @@ test_a_client_without_answer_ends_it() {
 }
 
 test_a_client_that_never_ends_is_ended() {
-    attempt_begun
+    supplicant_started
     interface_is up
     dhcp_gives ''
     does udhcpc "echo \$\$ >/fake/client; $hang"
@@ -357,7 +441,7 @@ test_a_client_that_never_ends_is_ended() {
 }
 
 test_an_access_point_that_goes_away_during_dhcp_ends_it() {
-    attempt_begun
+    supplicant_started
     interface_is up
     dhcp_gives ''
     does udhcpc "$hang"
@@ -369,7 +453,7 @@ test_an_access_point_that_goes_away_during_dhcp_ends_it() {
 }
 
 test_a_short_loss_of_the_link_does_not_end_it() {
-    attempt_begun
+    supplicant_started
     interface_is up
     dhcp_gives ''
     does udhcpc "$hang"
@@ -380,7 +464,7 @@ test_a_short_loss_of_the_link_does_not_end_it() {
 }
 
 test_no_client_at_all_ends_it() {
-    attempt_begun
+    supplicant_started
     interface_is up
     ln -sf /fake/nowhere "$run/udhcpc"
     missing udhcpc
@@ -391,7 +475,7 @@ test_no_client_at_all_ends_it() {
 }
 
 test_the_state_of_earlier_attempts_is_swept_away() {
-    attempt_begun
+    supplicant_started
     : >"$run/link.old"
     : >"$run/waited.old"
     interface_is up
@@ -451,8 +535,7 @@ test_a_client_of_an_earlier_attempt_has_no_say() {
     attempt_begun
     interface_is up
     old=$(cat "$run/attempt")
-    rm -r "$control"
-    device_to_the_end callwpaconf.sh
+    attempt_begun
     : >/fake/log
     client_event bound "RAWIFI_ATTEMPT=$old" ip=10.9.0.13 subnet=255.255.255.0 router=10.9.0.1 dns=10.9.0.13
     expect_file /fake/log ''
@@ -587,9 +670,9 @@ test_only_getip_writes_the_answer_during_an_attempt() {
     rm -r "$control"
     network '"home"'
     echo untouched >"$answer"
-    device_to_the_end callwpaconf.sh
     interface_is up
     dhcp_gives "$lease"
+    device_to_the_end callwpaconf.sh
     device dhcp_setip.sh
     expect_file "$answer" "untouched$newline"
     device getip.sh
@@ -623,6 +706,6 @@ test_a_state_directory_that_somebody_planted_is_replaced() {
         [ ! -L "$run" ] || problem "$planted: it is still a link"
         [ "$(stat -c '%U %a' "$run")" = 'root 700' ] || problem "$planted: $(stat -c '%U %a' "$run")"
         [ -z "$(ls -A /fake/victim)" ] || problem "$planted: $(ls -A /fake/victim)"
-        expect_link joining
+        expect_link 'failed association'
     done
 }
