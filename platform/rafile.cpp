@@ -80,6 +80,14 @@ RaFile raCreateAnew(const char* path)
     return streamOf(open(path, O_WRONLY | O_CREAT | O_EXCL | safeFlags, 0600), "w");
 }
 
+void raClearForWriting(const char* path)
+{
+    struct stat about;
+    if (lstat(path, &about) == 0 && (!S_ISREG(about.st_mode) || about.st_nlink > 1)) {
+        unlink(path);
+    }
+}
+
 bool raReplaceFile(const char* path, const void* bytes, std::size_t size)
 {
     const std::string temporary = std::string(path) + ".tmp";

@@ -32,6 +32,12 @@ RaFile raOpenForAppending(const char* path);
 RaFile raCreateAnew(const char* path);
 
 /**
+ * Before a command writes to \a path: takes away what stands there unless it is a regular file without another name,
+ * so that the shell neither writes through a link nor waits for the reader of a pipe. A directory stays.
+ */
+void raClearForWriting(const char* path);
+
+/**
  * Replaces a file's content so that it holds either the old or the new bytes, whatever happens: temporary file
  * in the same directory (the path and ".tmp"), mode 0600, write, fsync, rename, fsync of the directory.
  * Returns false with the old file untouched and one log line that says what failed.

@@ -9,9 +9,11 @@ namespace devicepaths {
 const char resultDirectory[] = "/home/wifi";
 const char scriptAnswer[] = "/home/wifi/temp.txt";
 const char scriptMarker[] = "/home/wifi/result3";
+const char statusMarker[] = "/home/wifi/result";
 const char connectStatus[] = "/home/wifi/connectstatus.txt";
 const char linkStatus[] = "/home/wifi/linkap.txt";
 const char signalValue[] = "/home/wifi/signal.txt";
+const char ownAddress[] = "/home/wifi/ipinfo.txt";
 const char currentMac[] = "/home/wifi/curmac.txt";
 const char configDirectory[] = "/apps/config";
 const char supplicantConfig[] = "/etc/wpa_supplicant.conf";

@@ -48,6 +48,15 @@ int firstNumberIn(std::FILE* file)
     return decimal(line);
 }
 
+/** What is wrong with a field cutter's arguments: -1 null, -2 a negative index; 0 nothing. */
+int argumentError(const char* line, int pos, const char* out)
+{
+    if (!line || !out) {
+        return -1;
+    }
+    return pos < 0 ? -2 : 0;
+}
+
 bool startsAt(const char* line, int pos)
 {
     return static_cast<std::size_t>(pos) <= std::strlen(line);
@@ -204,11 +213,8 @@ int getrouteStatusInfo(char*)
 
 int getDefineIntValue(char* line, int pos, char* out, char sep)
 {
-    if (!line || !out) {
-        return -1;
-    }
-    if (pos < 0) {
-        return -2;
+    if (const int error = argumentError(line, pos, out)) {
+        return error;
     }
     if (!startsAt(line, pos)) {
         return pos;
@@ -228,11 +234,8 @@ int getDefineIntValue(char* line, int pos, char* out, char sep)
 
 int getDefineStrValue(char* line, int pos, char* out)
 {
-    if (!line || !out) {
-        return -1;
-    }
-    if (pos < 0) {
-        return -2;
+    if (const int error = argumentError(line, pos, out)) {
+        return error;
     }
     std::strcpy(out, startsAt(line, pos) ? line + pos : "");
     std::printf("%s %s %d \n", RA_FILE, __func__, __LINE__);
@@ -241,11 +244,8 @@ int getDefineStrValue(char* line, int pos, char* out)
 
 int getDefineStrValue(char* line, int pos, char* out, char sep, int end)
 {
-    if (!line || !out) {
-        return -1;
-    }
-    if (pos < 0) {
-        return -2;
+    if (const int error = argumentError(line, pos, out)) {
+        return error;
     }
     if (!startsAt(line, pos)) {
         return pos;
@@ -264,11 +264,8 @@ int getDefineStrValue(char* line, int pos, char* out, char sep, int end)
 
 int getEncryTypeValue(char* line, int pos, char* first, char* other, char sep, char open, char close)
 {
-    if (!line || !first || !other) {
-        return -1;
-    }
-    if (pos < 0) {
-        return -2;
+    if (const int error = argumentError(line, pos, other ? first : nullptr)) {
+        return error;
     }
     if (!startsAt(line, pos) || !std::strchr(line, open)) {
         return pos;
@@ -371,6 +368,7 @@ int getAPInfo(APData* ap)
         return -2;
     }
     raRunCommand("rm /home/wifi/connectstatus.txt");
+    raClearForWriting(devicepaths::statusMarker);
     raRunCommand("sh /usr/bin/getwifistatus.sh;touch /home/wifi/result");
     std::memset(ap->essid, 0, 4);
     char path[] = "/home/wifi/connectstatus.txt";
@@ -390,6 +388,7 @@ void saveConnectMac(QString mac)
         RA_WARN("not a BSSID, not written to %s: \"%s\"", devicepaths::currentMac, text.constData());
         return;
     }
+    raClearForWriting(devicepaths::currentMac);
     raRunCommandF("echo %s >/home/wifi/curmac.txt", text.constData());
     sync();
 }
@@ -488,6 +487,7 @@ int sendOpenWifiToMain()
 
 void SendAPStatusToOther(bool linked)
 {
+    raClearForWriting(devicepaths::linkStatus);
     raRunCommandF("echo %d >/home/wifi/linkap.txt", linked ? 1 : 0);
     sync();
 }

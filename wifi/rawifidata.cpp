@@ -256,6 +256,9 @@ int RaWifiData::write()
             RA_WARN("cannot write %s", workingFile);
             return 1;
         }
+        for (int i = 0; i < m_records.size(); ++i) {
+            std::fputs("----------------------------------\n", stderr);
+        }
     }
     if (!raReplaceFile(m_path, bytes.constData(), static_cast<std::size_t>(bytes.size()))) {
         return 1;
@@ -271,7 +274,6 @@ QByteArray RaWifiData::image(int& lastWrite) const
     QByteArray bytes = QByteArray::number(count).leftJustified(headerSize, 'x');
     lastWrite = headerSize;
     for (const StoreData& record : m_records) {
-        std::fputs("----------------------------------\n", stderr);
         if (record.macAddr[0] != '\0') {
             const char* const raw = reinterpret_cast<const char*>(&record);
             bytes.append(raw, textsEnd);

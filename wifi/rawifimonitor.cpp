@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "rawifimonitor.h"
 
+#include "devicepaths.h"
+#include "rafile.h"
 #include "raglobalfun.h"
 #include "rashell.h"
 #include "rawifiglobals.h"
@@ -64,6 +66,7 @@ int RaWifiMonitor::setWifiConnectStatus(int status, int start)
 
 int RaWifiMonitor::getAPStatus()
 {
+    raClearForWriting(devicepaths::statusMarker);
     raRunCommand("sh /usr/bin/getconnectstatus.sh;touch /home/wifi/result");
     std::memset(m_status->essid, 0, 4);
     char answer[] = "/home/wifi/temp.txt";

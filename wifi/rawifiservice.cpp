@@ -59,8 +59,7 @@ RaWifiService::RaWifiService(int, QWidget* parent)
 
 RaWifiService::~RaWifiService()
 {
-    m_attempt->dhcpWorker.cancel();
-    m_attempt->dhcpWorker.waitUntilEnded();
+    endDhcpStage();
     delete m_attempt;
     delete m_store;
     m_store = nullptr;

@@ -156,6 +156,7 @@ private:
     void rememberRequest(const QString& mac, ENCRY encry, const QByteArray& name, const QByteArray& key,
                          int sigquality, int authMode, int keyIndex);
     void startDhcpStage();
+    void endDhcpStage();
     bool waitForDhcpStage();
     int retrieveAddress(const QString& name);
     void removeMarker(const char* command);

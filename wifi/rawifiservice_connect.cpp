@@ -45,10 +45,7 @@ int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QSt
              static_cast<int>(encry), mac.toLatin1().constData(), name.constData(), key.constData(), sigquality,
              authMode, keyIndex);
 
-    // A DHCP stage left over from an earlier attempt would work on this one's files.
-    m_attempt->dhcpWorker.cancel();
-    m_attempt->dhcpWorker.waitUntilEnded();
-
+    endDhcpStage();
     killWpaSupplicant(1);
     if (writeConfig(encry, name, key, authMode, keyIndex) < 0) {
         return failed(essid, tr("config wifi failed"), -1);
@@ -248,7 +245,8 @@ int RaWifiService::pingIP(char* ip, double& rate)
         GetNextLineStr(line, file.get());
     }
     std::remove(devicepaths::scriptAnswer);
-    if (line[0] == '\0') {
+    // Of an unreachable address the command gives "+N errors", which stand before the share that was lost.
+    if (line[0] == '\0' || line[std::strspn(line, " ")] == '+') {
         return 0;
     }
     rate = 1.0 - static_cast<double>(std::strtol(line, nullptr, 10)) / 100.0;
@@ -337,6 +335,13 @@ void RaWifiService::startDhcpStage()
         RA_WARN("cannot start the DHCP stage");
         m_attempt->dhcpEnded = true;
     }
+}
+
+// One that is left over from an earlier attempt would work on the files of whatever runs now.
+void RaWifiService::endDhcpStage()
+{
+    m_attempt->dhcpWorker.cancel();
+    m_attempt->dhcpWorker.waitUntilEnded();
 }
 
 // The stage has just taken the lock, so this hardly ever waits: the real wait is for the address. It ends in any
@@ -428,7 +433,14 @@ int RaWifiService::joined(const QString& mac, const QString& name, int sigqualit
         setField(address, pendingSave().IP);
         setField(pendingSave().essid, m_currentAp.essid);
     }
-    raRunCommandF("echo %s >/home/wifi/ipinfo.txt", address); // an address since readAddress()
+    if (raIsIpv4Address(address)) {
+        raClearForWriting(devicepaths::ownAddress);
+        raRunCommandF("echo %s >/home/wifi/ipinfo.txt", address);
+    } else {
+        // The record is the host's to change, too.
+        RA_WARN("not an address, not written to %s: \"%s\"", devicepaths::ownAddress, address);
+    }
+    raClearForWriting(devicepaths::signalValue);
     raRunCommandF("echo %d >/home/wifi/signal.txt", sigquality);
     raSleepMs(settleMs);
 

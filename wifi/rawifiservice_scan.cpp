@@ -139,6 +139,7 @@ APData* newCandidate(const APData& scanned, const APData& saved)
 int RaWifiService::getAPListByScan()
 {
     RA_DEBUG("...");
+    endDhcpStage();
     if (g_isFirst == 0) {
         g_isFirst = 1;
         callWpaSupplicantDefaultConf();

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "supplicanttext.h"
 
-#include <openssl/evp.h>
+#include <nettle/pbkdf2.h>
 
 namespace {
 
@@ -30,15 +30,19 @@ bool readsBackFromQuotes(const QByteArray& text)
     return true;
 }
 
+const uint8_t* bytesOf(const QByteArray& text)
+{
+    return reinterpret_cast<const uint8_t*>(text.constData());
+}
+
 /** The key that a passphrase stands for: PBKDF2 with HMAC-SHA-1, the name as salt, 4096 rounds (IEEE 802.11, J.4). */
 QByteArray derivedKey(const QByteArray& passphrase, const QByteArray& name)
 {
     QByteArray key(32, '\0');
-    const int derived = PKCS5_PBKDF2_HMAC_SHA1(
-        passphrase.constData(), static_cast<int>(passphrase.size()),
-        reinterpret_cast<const unsigned char*>(name.constData()), static_cast<int>(name.size()), 4096,
-        static_cast<int>(key.size()), reinterpret_cast<unsigned char*>(key.data()));
-    return derived == 1 ? key.toHex() : QByteArray(); // no value is refused by the supplicant, zeros would be a key
+    pbkdf2_hmac_sha1(static_cast<std::size_t>(passphrase.size()), bytesOf(passphrase), 4096,
+                     static_cast<std::size_t>(name.size()), bytesOf(name), static_cast<std::size_t>(key.size()),
+                     reinterpret_cast<uint8_t*>(key.data()));
+    return key.toHex();
 }
 
 } // namespace

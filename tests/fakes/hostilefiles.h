@@ -15,13 +15,16 @@
 class HostileFiles
 {
 public:
-    enum Kind { Link, DanglingLink, Fifo, Directory, Gigabyte };
+    enum Kind { Link, DanglingLink, HardLink, Fifo, Directory, Gigabyte };
 
     static QList<Kind> notRegular() { return QList<Kind>() << Link << Fifo << Directory; }
 
+    /** What a shell's "> path" would write through or wait for. */
+    static QList<Kind> traps() { return QList<Kind>() << Link << DanglingLink << HardLink << Fifo; }
+
     static const char* name(Kind kind)
     {
-        const char* const names[] = {"link", "dangling link", "FIFO", "directory", "huge file"};
+        const char* const names[] = {"link", "dangling link", "hard link", "FIFO", "directory", "huge file"};
         return names[kind];
     }
 
@@ -38,6 +41,9 @@ public:
             break;
         case DanglingLink:
             check(symlink(nowhere, path));
+            break;
+        case HardLink:
+            check(link(target, path));
             break;
         case Fifo:
             check(mkfifo(path, 0666));

@@ -104,6 +104,8 @@ private Q_SLOTS:
     void interfaceAndRouteQuestionsDoNothing();
     void hostileFilesAreNotRead_data();
     void hostileFilesAreNotRead();
+    void hostileFilesAreNotWrittenTo_data();
+    void hostileFilesAreNotWrittenTo();
 
     void digitsOfAField_data();
     void digitsOfAField();
@@ -221,7 +223,7 @@ void TestGlobalFunctions::lineIsCutAt255Characters()
     const QByteArray firstLine(line);
     char nextLine[bufferSize];
     const int second = GetNextLineStr(nextLine, file);
-    const int third = GetNextLineStr(nextLine + 0, file);
+    const int third = GetNextLineStr(nextLine, file);
     std::rewind(file);
     GetNextLineStr(line, file);
     GetNextLineStr(nextLine, file);
@@ -555,6 +557,39 @@ void TestGlobalFunctions::hostileFilesAreNotRead()
     const int zeros = reader(path.data());
     QTEST(zeros, "zeros");
     m_hostile.reset();
+}
+
+void TestGlobalFunctions::hostileFilesAreNotWrittenTo_data()
+{
+    QTest::addColumn<QByteArray>("path");
+    QTest::addColumn<Reader>("writer");
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("link state") << pathTo(linkPath) << Reader([](char*) {
+        SendAPStatusToOther(true);
+        return 0;
+    }) << QByteArray("1\n");
+    QTest::newRow("joined network") << pathTo(macPath) << Reader([](char*) {
+        saveConnectMac(QLatin1String("00:11:22:33:44:55"));
+        return 0;
+    }) << QByteArray("00:11:22:33:44:55\n");
+    QTest::newRow("end of the status script") << pathTo("/home/wifi/result") << Reader([](char*) {
+        APData ap = filledRecord();
+        return getAPInfo(&ap);
+    }) << QByteArray();
+}
+
+void TestGlobalFunctions::hostileFilesAreNotWrittenTo()
+{
+    QFETCH(QByteArray, path);
+    QFETCH(Reader, writer);
+    QFETCH(QByteArray, content);
+    for (const HostileFiles::Kind kind : HostileFiles::traps()) {
+        m_hostile.plant(path.constData(), kind, "as it was");
+        writer(path.data());
+        QVERIFY2(m_hostile.isUntouched(), HostileFiles::name(kind));
+        QVERIFY2(QFileInfo(QString::fromLatin1(path)).isFile(), HostileFiles::name(kind));
+        QVERIFY2(fakesystem::readFile(path.constData()) == content, HostileFiles::name(kind));
+    }
 }
 
 // --- Fields of a scan line -------------------------------------------------------------------------------
@@ -988,7 +1023,6 @@ void TestGlobalFunctions::statusFailures()
 void TestGlobalFunctions::readOnlyStatusFileIsNotOpened()
 {
     // Opened for update. Root may write in spite of the mode, but not to a file that is being run.
-    QFile::copy(QCoreApplication::applicationFilePath(), QLatin1String(statusPath));
     QProcess program;
     program.start(QLatin1String("/bin/cp"), QStringList() << QLatin1String("/bin/sleep") << QLatin1String(statusPath));
     QVERIFY(program.waitForFinished());
@@ -1130,7 +1164,10 @@ void TestGlobalFunctions::savedAddressIsDeleted()
     QCOMPARE(DeleteConnectMac(), 0);
     QCOMPARE(fakesystem::commands(),
              QList<QByteArray>() << "rm /home/wifi/curmac.txt -f;sync" << "rm /home/wifi/curmac.txt -f;sync");
-    fakesystem::answerCommand("rm /home/wifi/curmac.txt -f;sync", [] {});
+    fakesystem::runForReal("mv /bin/sync /bin/sync.away");
+    const int failed = DeleteConnectMac();
+    fakesystem::runForReal("mv /bin/sync.away /bin/sync");
+    QCOMPARE(failed, 127 << 8); // what the shell says of a command that it has not
 }
 
 void TestGlobalFunctions::currentRecordIsHandedOver()

@@ -4,6 +4,7 @@
 
 #include "capturedoutput.h"
 #include "fakesystem.h"
+#include "loggedmessages.h"
 
 #include <QtTest>
 #include <cerrno>
@@ -135,6 +136,7 @@ private Q_SLOTS:
     void filesHaveOwnerOnlyMode();
     void nothingIsLeftBesideTheStore();
     void linkAtTheWorkingFileIsNotFollowed();
+    void eachRecordWrittenIsALineOfTheLog();
     void workingFileThatCannotBeWrittenGivesOne();
     void failingStepLeavesTheOldFile_data();
     void failingStepLeavesTheOldFile();
@@ -354,8 +356,9 @@ void TestRaWifiData::filesAreRead()
     QFETCH(QByteArray, loaded);
     fakesystem::writeFile(storeFile, bytes);
     RaWifiData store;
-    QCOMPARE(store.loadData(), 0);
+    const QList<QByteArray> logged = loggedMessages([&store] { QCOMPARE(store.loadData(), 0); });
     QCOMPARE(names(store).join(','), loaded);
+    QCOMPARE(logged.last(), "..index =" + bytes.left(5).split('x').first());
     QCOMPARE(fakesystem::readFile(storeFile), bytes);
 }
 
@@ -429,13 +432,25 @@ void TestRaWifiData::linkAtTheWorkingFileIsNotFollowed()
     QCOMPARE(fakesystem::readFile(storeFile).left(5), QByteArray("1xxxx"));
 }
 
+void TestRaWifiData::eachRecordWrittenIsALineOfTheLog()
+{
+    RaWifiData store;
+    save(store, 1);
+    save(store, 2);
+    const QByteArray printed = capturedOutput(stderr, [&] { QCOMPARE(store.writeData(), recordSize); });
+    QCOMPARE(printed, (QByteArray(34, '-') + '\n').repeated(2));
+}
+
 void TestRaWifiData::workingFileThatCannotBeWrittenGivesOne()
 {
     RaWifiData store;
     save(store, 1);
     const QByteArray before = fakesystem::readFile(storeFile);
     fakesystem::runForReal("rm -rf /home/wifi");
-    QCOMPARE(store.reInitAPData(QLatin1String("02:00:00:00:00:09")), 1);
+    const QByteArray printed =
+        capturedOutput(stderr, [&] { QCOMPARE(store.reInitAPData(QLatin1String("02:00:00:00:00:09")), 1); });
+    QCOMPARE(static_cast<int>(printed.count('\n')), 1); // one log line
+    QVERIFY2(printed.contains(QByteArray("cannot write ") + workingFile), printed.constData());
     QCOMPARE(fakesystem::readFile(storeFile), before);
 }
 

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "rawifimonitor.h"
 
+#include "declaredmethods.h"
 #include "fakesystem.h"
+#include "hostilefiles.h"
 #include "qtwarnings.h"
 #include "rawifiglobals.h"
 
@@ -92,6 +94,7 @@ private Q_SLOTS:
     void readsTheStatusFromTheScriptsAnswer_data();
     void readsTheStatusFromTheScriptsAnswer();
     void aStatusReadFailureIsSeenAsSuch();
+    void aPollWritesToNothingPlanted();
     void pollsRunThroughTheirStates_data();
     void pollsRunThroughTheirStates();
     void everyPollRunsOneScriptAndStopsTheTimerMeanwhile();
@@ -125,19 +128,13 @@ void TestRaWifiMonitor::cleanup()
 
 void TestRaWifiMonitor::signalsAndSlotsAreThoseOfTheInterface()
 {
-    const QMetaObject& meta = RaWifiMonitor::staticMetaObject;
-    QList<QByteArray> methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        const QMetaMethod method = meta.method(i);
-        const QByteArray kind = method.methodType() == QMetaMethod::Signal ? "signal " : "slot ";
-        methods << kind + method.methodSignature() + ' ' + method.parameterNames().join(',');
-    }
-    QCOMPARE(methods, QList<QByteArray>()
-                          << "signal sendNetWorkStatus(int,int,QString) cmdtype,connectstatus,macAddr"
-                          << "signal sendMonitorConMsg(QString) linkmadress"
-                          << "signal sendAPIPMsg() "
-                          << "slot timeout() "
-                          << "slot recCheckAPConnect(QString,int) linkmadress,signalvalue");
+    QCOMPARE(declaredMethods(RaWifiMonitor::staticMetaObject),
+             QList<QByteArray>()
+                 << "signal sendNetWorkStatus(int,int,QString) cmdtype,connectstatus,macAddr"
+                 << "signal sendMonitorConMsg(QString) linkmadress"
+                 << "signal sendAPIPMsg() "
+                 << "slot timeout() "
+                 << "slot recCheckAPConnect(QString,int) linkmadress,signalvalue");
 }
 
 void TestRaWifiMonitor::idleAfterConstruction()
@@ -242,6 +239,20 @@ void TestRaWifiMonitor::aStatusReadFailureIsSeenAsSuch()
     });
     WatchedMonitor monitor;
     QCOMPARE(monitor.getAPStatus(), 0);
+}
+
+void TestRaWifiMonitor::aPollWritesToNothingPlanted()
+{
+    const char marker[] = "/home/wifi/result";
+    HostileFiles hostile;
+    WatchedMonitor monitor;
+    finding(Good);
+    for (const HostileFiles::Kind kind : HostileFiles::traps()) {
+        hostile.plant(marker, kind, "as it was");
+        QCOMPARE(monitor.getAPStatus(), 1);
+        QVERIFY2(hostile.isUntouched(), HostileFiles::name(kind));
+        QVERIFY2(QFileInfo(QLatin1String(marker)).isFile(), HostileFiles::name(kind));
+    }
 }
 
 void TestRaWifiMonitor::pollsRunThroughTheirStates_data()

@@ -3,6 +3,7 @@
 #include "rawifiservice.h"
 
 #include "capturedoutput.h"
+#include "declaredmethods.h"
 #include "fakesystem.h"
 #include "joining.h"
 #include "qtwarnings.h"
@@ -86,27 +87,19 @@ void TestRaWifiService::cleanup()
 
 void TestRaWifiService::signalsAndSlotsAreThoseOfTheInterface()
 {
-    const QMetaObject& meta = RaWifiService::staticMetaObject;
-    QList<QByteArray> methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        const QMetaMethod method = meta.method(i);
-        const QByteArray kind = method.methodType() == QMetaMethod::Signal ? "signal " : "slot ";
-        methods << kind + method.name() + '(' + method.parameterTypes().join(',') + ") " +
-                       method.parameterNames().join(',') +
-                       (method.attributes() & QMetaMethod::Cloned ? " short" : "");
-    }
-    QCOMPARE(methods, QList<QByteArray>()
-                          << "signal sendSetStatusMsg(QString,bool) macaddress,isend"
-                          << "signal sendSetStatusMsg(QString) macaddress short"
-                          << "signal sendListWndInfo(int,QString,QString,int) index,ssid,msginfo,errflag"
-                          << "signal sendListWndInfo(int,QString,QString) index,ssid,msginfo short"
-                          << "signal sendCheckAPConnect(QString,int) linkmadress,signalvalue"
-                          << "signal sendPrgStar() "
-                          << "signal sendPrgStep() "
-                          << "signal sendPrgStop() "
-                          << "slot timeout() "
-                          << "slot recSetStatusMsg() "
-                          << "slot recMangerConMsg(QString) linkmadress");
+    QCOMPARE(declaredMethods(RaWifiService::staticMetaObject),
+             QList<QByteArray>()
+                 << "signal sendSetStatusMsg(QString,bool) macaddress,isend"
+                 << "signal sendSetStatusMsg(QString) macaddress short"
+                 << "signal sendListWndInfo(int,QString,QString,int) index,ssid,msginfo,errflag"
+                 << "signal sendListWndInfo(int,QString,QString) index,ssid,msginfo short"
+                 << "signal sendCheckAPConnect(QString,int) linkmadress,signalvalue"
+                 << "signal sendPrgStar() "
+                 << "signal sendPrgStep() "
+                 << "signal sendPrgStop() "
+                 << "slot timeout() "
+                 << "slot recSetStatusMsg() "
+                 << "slot recMangerConMsg(QString) linkmadress");
 }
 
 void TestRaWifiService::hasNoParentAndIgnoresTheNumber()

@@ -4,6 +4,7 @@
 
 #include "capturedoutput.h"
 #include "fakesystem.h"
+#include "hostilefiles.h"
 #include "joining.h"
 #include "loggedmessages.h"
 #include "qtwarnings.h"
@@ -244,6 +245,9 @@ private Q_SLOTS:
     void nothingOfARequestReachesAShell_data();
     void nothingOfARequestReachesAShell();
     void nothingOfAnAnswerReachesAShell();
+    void aRecordChangedMeanwhileReachesNoShell();
+    void aJoinWritesToNothingPlanted_data();
+    void aJoinWritesToNothingPlanted();
 
     void theLockAtEachPoint();
     void theMutexMayBeLockedOrNot_data();
@@ -256,6 +260,8 @@ private Q_SLOTS:
     void anEarlierAttemptsExpiryIsNotThisOnes();
     void aNewAttemptEndsTheDhcpStageOfTheOneBefore_data();
     void aNewAttemptEndsTheDhcpStageOfTheOneBefore();
+    void aScanEndsTheDhcpStageOfAnAttempt_data();
+    void aScanEndsTheDhcpStageOfAnAttempt();
     void theServiceMayBeDestroyedDuringTheDhcpStage_data();
     void theServiceMayBeDestroyedDuringTheDhcpStage();
     void aFinishedDhcpStageIsNotWaitedFor();
@@ -331,6 +337,14 @@ void TestRaWifiServiceConnect::joinsStepByStep_data()
                                            << "priority=5"
                                            << "auth_alg=OPEN")
                                << QByteArray("WEP") << 2;
+    request.authMode = -7;
+    QTest::newRow("WEP, any other mode is open") << request
+                                                 << (Lines() << "\tkey_mgmt=NONE"
+                                                             << "\twep_key0=0123456789"
+                                                             << "\twep_tx_keyidx=0"
+                                                             << "priority=5"
+                                                             << "auth_alg=OPEN")
+                                                 << QByteArray("WEP") << 2;
     request.encry = NOENCRY;
     request.psk = QString();
     request.sigquality = 1;
@@ -834,6 +848,52 @@ void TestRaWifiServiceConnect::nothingOfAnAnswerReachesAShell()
     QVERIFY(!fakesystem::exists("/home/wifi/canary"));
 }
 
+void TestRaWifiServiceConnect::aRecordChangedMeanwhileReachesNoShell()
+{
+    goodScripts();
+    Trace trace;
+    RaWifiService service(0, nullptr);
+    trace.onEntry([&service](const QByteArray& entry) {
+        if (entry.startsWith("run route add")) {
+            qstrcpy(service.getCurAPData()->IP, "`id>/apps/x`"); // as a host may
+        }
+    });
+    int result = -1;
+    const Lines logged = loggedMessages([&] { result = joinOnAWorker(service, Request()); });
+    QCOMPARE(result, 0);
+    QVERIFY(logged.contains("not an address, not written to /home/wifi/ipinfo.txt: \"`id>/apps/x`\""));
+    QVERIFY(!fakesystem::exists("/apps/x"));
+    QVERIFY(!fakesystem::exists("/home/wifi/ipinfo.txt"));
+}
+
+void TestRaWifiServiceConnect::aJoinWritesToNothingPlanted_data()
+{
+    QTest::addColumn<QByteArray>("path");
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QByteArray>("content");
+    for (const HostileFiles::Kind kind : HostileFiles::traps()) {
+        const QByteArray name = HostileFiles::name(kind);
+        QTest::newRow(("address, " + name).constData())
+            << QByteArray("/home/wifi/ipinfo.txt") << static_cast<int>(kind) << QByteArray("192.168.7.23\n");
+        QTest::newRow(("signal, " + name).constData())
+            << QByteArray("/home/wifi/signal.txt") << static_cast<int>(kind) << QByteArray("3\n");
+    }
+}
+
+void TestRaWifiServiceConnect::aJoinWritesToNothingPlanted()
+{
+    QFETCH(QByteArray, path);
+    QFETCH(int, kind);
+    QFETCH(QByteArray, content);
+    goodScripts();
+    HostileFiles hostile;
+    hostile.plant(path.constData(), static_cast<HostileFiles::Kind>(kind), "as it was");
+    RaWifiService service(0, nullptr);
+    QCOMPARE(joinOnAWorker(service, Request()), 0);
+    QVERIFY(hostile.isUntouched());
+    QCOMPARE(fakesystem::readFile(path.constData()), content);
+}
+
 // --- Locks, watchdog, threads ----------------------------------------------------------------------------
 
 void TestRaWifiServiceConnect::theLockAtEachPoint()
@@ -1114,6 +1174,48 @@ void TestRaWifiServiceConnect::aNewAttemptEndsTheDhcpStageOfTheOneBefore()
     QCOMPARE(trace.elsewhere(), dhcpStage()); // of one stage only
     QVERIFY(!isConnectionMutexLocked());
     QCOMPARE(lockStatus, 0);
+}
+
+void TestRaWifiServiceConnect::aScanEndsTheDhcpStageOfAnAttempt_data()
+{
+    aNewAttemptEndsTheDhcpStageOfTheOneBefore_data();
+}
+
+void TestRaWifiServiceConnect::aScanEndsTheDhcpStageOfAnAttempt()
+{
+    QFETCH(QByteArray, point);
+    struct OpenAtEnd
+    {
+        Latch& latch;
+        ~OpenAtEnd() { latch.open(); }
+    };
+    goodScripts();
+    fakesystem::answerWithoutEnd("getip.sh", [] {});
+    const std::thread::id connecting = std::this_thread::get_id();
+    Latch there;
+    Latch never;
+    Latch ended;
+    bool isScanning = false;
+    QList<bool> isAlone; // at each step of the scan
+    Trace trace;
+    RaWifiService service(0, nullptr);
+    trace.onEntry([&](const QByteArray& entry) {
+        if (std::this_thread::get_id() != connecting && entry == point) {
+            const OpenAtEnd mark = {ended};
+            there.open();
+            never.wait();
+        } else if (std::this_thread::get_id() == connecting && isScanning) {
+            isAlone << ended.isOpen();
+        } else if (std::this_thread::get_id() == connecting && entry == QByteArray("run ") + getAddress) {
+            there.wait();
+        }
+    });
+    QVERIFY(join(service, Request()) < 0);
+    isScanning = true;
+    service.getAPListByScan();
+    QVERIFY(!isAlone.isEmpty());
+    QVERIFY(!isAlone.contains(false));
+    QCOMPARE(trace.elsewhere().last(), point);
 }
 
 void TestRaWifiServiceConnect::theServiceMayBeDestroyedDuringTheDhcpStage_data()
@@ -1453,6 +1555,7 @@ void TestRaWifiServiceConnect::pingingTellsTheAnsweredShare_data()
     QTest::newRow("two of three answered") << QByteArray(" 33% packet loss\n") << 1 << 1.0 - 33 / 100.0;
     QTest::newRow("none answered") << QByteArray(" 100% packet loss\n") << 1 << 0.0;
     QTest::newRow("no output") << QByteArray() << 0 << 0.0;
+    QTest::newRow("errors stand where the share is looked for") << QByteArray(" +10 errors\n") << 0 << 0.0;
 }
 
 void TestRaWifiServiceConnect::pingingTellsTheAnsweredShare()

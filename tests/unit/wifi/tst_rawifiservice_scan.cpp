@@ -105,6 +105,8 @@ private Q_SLOTS:
     void pendingNetworkIsMarkedAsJoined();
     void joinedRanksFollowThePendingNetwork_data();
     void joinedRanksFollowThePendingNetwork();
+    void rankingAnewNeedsNoScan_data();
+    void rankingAnewNeedsNoScan();
     void forgettingClearsListAndStore();
     void clearingEmptiesBothLists();
     void forgettingAllKeepsTheFile();
@@ -622,6 +624,35 @@ void TestScan::joinedRanksFollowThePendingNetwork()
     QCOMPARE(list.size(), APDataArray.size());
     QCOMPARE(list.first(), APDataArray.first());
     QCOMPARE(APDataArray.first()->orderbynum, after);
+}
+
+void TestScan::rankingAnewNeedsNoScan_data()
+{
+    QTest::addColumn<QString>("pending");
+    QTest::addColumn<int>("rankOfA"); // the only saved one
+    QTest::addColumn<int>("rankOfB"); // marked as joined
+    QTest::newRow("the saved network is pending") << QString::fromLatin1(macA) << 0 << 2;
+    QTest::newRow("the marked network is pending") << QString::fromLatin1(macB) << 1 << 0;
+}
+
+void TestScan::rankingAnewNeedsNoScan()
+{
+    QFETCH(QString, pending);
+    QFETCH(int, rankOfA);
+    QFETCH(int, rankOfB);
+    writeStore({saved(macA, "a")});
+    RaWifiService service(1, nullptr);
+    answerScans(line(macA, "[WPA2-PSK-CCMP][ESS]", "aa") + line(macB, "[ESS]", "bb"));
+    service.loadAPList();
+    APDataArray.at(1)->orderbynum = 2;
+    service.readySaveData(saved(pending.toLatin1().constData(), "key"));
+    const QList<QByteArray> before = fakesystem::commands();
+    QCOMPARE(service.getAPList(), 0);
+    QCOMPARE(fakesystem::commands(), before);
+    QCOMPARE(service.getAPListCount(), 1);
+    QCOMPARE(QByteArray(APDataArray.at(0)->psk), QByteArray("a"));
+    QCOMPARE(APDataArray.at(0)->orderbynum, rankOfA);
+    QCOMPARE(APDataArray.at(1)->orderbynum, rankOfB);
 }
 
 void TestScan::forgettingClearsListAndStore()
