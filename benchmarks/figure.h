@@ -8,19 +8,38 @@
 #include <cstdio>
 #include <vector>
 
-/** Median time of one call of \a work in nanoseconds, over \a rounds calls after one that warms up. */
+/** Time of one call of \a work in nanoseconds. */
 template<typename Work>
-double medianNanoseconds(int rounds, Work work)
+double onceNanoseconds(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start).count();
+}
+
+/**
+ * Median time of one call of \a work in nanoseconds, over \a rounds calls after one that warms up. After each call
+ * \a tidy, which is not timed, makes room for the next.
+ */
+template<typename Work, typename Tidy>
+double medianNanoseconds(int rounds, Work work, Tidy tidy)
 {
     work();
+    tidy();
     std::vector<double> times;
     for (int i = 0; i < rounds; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        work();
-        times.push_back(std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start).count());
+        times.push_back(onceNanoseconds(work));
+        tidy();
     }
     std::nth_element(times.begin(), times.begin() + rounds / 2, times.end());
     return times[static_cast<std::size_t>(rounds / 2)];
+}
+
+/** The same for what leaves nothing behind. */
+template<typename Work>
+double medianNanoseconds(int rounds, Work work)
+{
+    return medianNanoseconds(rounds, work, [] {});
 }
 
 /** Prints one figure beside its limit. */

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "pagebutton.h"
 
+#include "fittedtext.h"
 #include "rafocus.h"
 #include "ratheme.h"
 
@@ -12,6 +13,8 @@ namespace {
 
 const int cornerRadius = 10;
 const int textPixels = 18;
+const int smallestTextPixels = 11;
+const int sideMargin = 4; // the style sheet's padding, and the gap beside the icon
 
 } // namespace
 
@@ -41,6 +44,13 @@ void PageButton::paintEvent(QPaintEvent* event)
     if (raShowsFocus(this)) {
         raDrawFocusMark(&painter, rect(), cornerRadius);
     }
+}
+
+void PageButton::resizeEvent(QResizeEvent* event)
+{
+    QPushButton::resizeEvent(event);
+    const int iconRoom = icon().isNull() ? 0 : iconSize().width() + sideMargin;
+    setFont(fitText(text(), font(), width() - 2 * sideMargin - iconRoom, textPixels, smallestTextPixels).font);
 }
 
 void PageButton::keyPressEvent(QKeyEvent* event)

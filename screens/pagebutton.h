@@ -5,7 +5,10 @@
 
 #include <QPushButton>
 
-/** A dark, rounded button of a page: it shows a press and the focus, and the enter key presses it as well. */
+/**
+ * A dark, rounded button of a page: it shows a press and the focus, and the enter key presses it as well. A text that
+ * is too wide beside the icon is made smaller when the button gets its size, so the icon comes first.
+ */
 class PageButton : public QPushButton
 {
 public:
@@ -13,6 +16,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };
 

@@ -83,6 +83,9 @@ void TestRaWifiProcessingWnd::textIsSeenWhole_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("English") << QString::fromLatin1("Connecting, please wait...");
     QTest::newRow("two lines") << QString::fromLatin1("Connecting to the network, please wait a moment");
+    QTest::newRow("more than two lines")
+        << QString::fromLatin1("Connecting to the network Conference room on the 3rd floor");
+    QTest::newRow("one endless word") << QString(60, QLatin1Char('W'));
     QTest::newRow("Chinese") << QString::fromUtf8("正在连接中，请等待...");
 }
 
