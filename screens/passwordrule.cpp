@@ -12,10 +12,10 @@ const int longestPassword = int(sizeof APData::psk) - 1;
 const int longestPassphrase = 63;
 const int keyDigits = 64;
 
-bool isLatin1(const QString& text)
+bool isPrintableLatin1(const QString& text)
 {
     for (const QChar c : text) {
-        if (c.unicode() > 0xff || c.isNull()) {
+        if (c.unicode() > 0xff || !c.isPrint()) {
             return false;
         }
     }
@@ -47,7 +47,7 @@ int longest(const APData& network, const QString& password)
 
 QString passwordObjection(const APData& network, const QString& password)
 {
-    if (!isLatin1(password)) {
+    if (!isPrintableLatin1(password)) {
         return raTranslateUtf8("RaWifiInputWnd", "密码中不能有这个字符");
     }
     const int limit = longest(network, password);

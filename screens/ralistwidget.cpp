@@ -89,6 +89,7 @@ void RaListwidget::setListData()
     if (networks.isEmpty()) {
         return;
     }
+    const bool hadFocus = isFocusOnRow();
     dropRows();
     m_isEnableMove = true;
     RA_DEBUG("m_isEnableMove=%d", m_isEnableMove);
@@ -100,6 +101,9 @@ void RaListwidget::setListData()
     m_switchRow->setGeometry(shortSwitchRect);
     setSwitchPos(switchInFirstItem);
     m_switchRow->show();
+    if (hadFocus) {
+        focusCurrentItem();
+    }
 }
 
 RaItemPushBtn* RaListwidget::makeRow(APData* data, int index, int top)
@@ -117,10 +121,20 @@ RaItemPushBtn* RaListwidget::makeRow(APData* data, int index, int top)
 
 void RaListwidget::clearRows()
 {
+    const bool hadFocus = isFocusOnRow();
     dropRows();
     m_isEnableMove = false;
     m_curItemIdx = 0;
     m_switchRow->setGeometry(tallSwitchRect);
+    if (hadFocus) {
+        focusCurrentItem();
+    }
+}
+
+// Else the keys would be lost with the row.
+bool RaListwidget::isFocusOnRow() const
+{
+    return m_rows.contains(qobject_cast<RaItemPushBtn*>(window()->focusWidget()));
 }
 
 // Deleted later, because a row may be in the middle of reporting its own tap; a finger that is still on one reports

@@ -95,6 +95,7 @@ private:
     RaItemPushBtn* makeRow(APData* data, int index, int top);
     void dropRows();
     int findRow(const APData& ap) const;
+    bool isFocusOnRow() const;
     void focusCurrentItem();
 
     void fingerDown(const QPoint& position);

@@ -108,10 +108,10 @@ void RaWifiInputWnd::makeField()
     QIcon state(faded(tick));
     state.addPixmap(tick, QIcon::Normal, QIcon::On);
     m_toggle = new PageButton(text("显示密码"), this);
-    m_toggle->setGeometry(toggleRect);
     m_toggle->setCheckable(true);
     m_toggle->setIcon(state);
     m_toggle->setIconSize(QSize(iconSize, iconSize));
+    m_toggle->setGeometry(toggleRect);
     connect(m_toggle, SIGNAL(clicked()), this, SLOT(pwdSelectChanged()));
 
     m_tip = new QLabel(this);

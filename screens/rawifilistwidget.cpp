@@ -80,14 +80,13 @@ RaWifiListWidget::RaWifiListWidget(QWidget* parent, bool backShown, QString titl
 void RaWifiListWidget::createUI(QString title, int type, QString mac)
 {
     m_pageKind = type;
-    if (m_inputWnd) {
+    if (m_title) {
         return;
     }
     m_titleText = title;
     createTitleBar();
     createScrollArea(mac);
     createWifiSwitch();
-    createInputWnd();
     fitContent();
 }
 
@@ -120,8 +119,14 @@ void RaWifiListWidget::createScrollArea(const QString& mac)
     m_scrollArea->setWidget(m_content);
     m_scrollArea->setGeometry(0, titleHeight, pageWidth, height() - titleHeight);
 
-    createStripLabel(Qt::AlignLeft)->setText(mac.isEmpty() ? QString() : QLatin1String("MAC  ") + mac);
+    m_mac = createStripLabel(Qt::AlignLeft);
+    setMac(mac);
     m_state = createStripLabel(Qt::AlignRight);
+}
+
+void RaWifiListWidget::setMac(QString mac)
+{
+    m_mac->setText(mac.isEmpty() ? QString() : QLatin1String("MAC  ") + mac);
 }
 
 QLabel* RaWifiListWidget::createStripLabel(Qt::Alignment alignment)
@@ -154,13 +159,23 @@ void RaWifiListWidget::createWifiSwitch()
     connect(m_list, SIGNAL(sendSelectItemByList(APData)), this, SLOT(recSelectItemByList(APData)));
 }
 
-void RaWifiListWidget::createInputWnd()
+// Made when it is first needed: its keyboard and pictures would put off the page's first paint.
+RaWifiInputWnd* RaWifiListWidget::inputWnd()
 {
+    if (m_inputWnd) {
+        return m_inputWnd;
+    }
     m_inputWnd = new RaWifiInputWnd(this);
     m_inputWnd->setGeometry(rect());
     m_inputWnd->hide();
     connect(m_inputWnd, SIGNAL(sendWifiInputOkMsg(APData)), this, SLOT(recWifiInputOkMsg(APData)));
     connect(m_inputWnd, SIGNAL(sendWifiInputCancelMsg()), this, SLOT(recWifiInputCancelMsg()));
+    return m_inputWnd;
+}
+
+bool RaWifiListWidget::isAskingForPassword() const
+{
+    return m_inputWnd && !m_inputWnd->isHidden();
 }
 
 void RaWifiListWidget::showRefreshListData()
@@ -248,7 +263,7 @@ void RaWifiListWidget::setWifiSwitch(bool on)
 {
     assertGuiThread(this);
     m_list->setWifiSwitch(on);
-    if (m_wifiOn == on) {
+    if (on && m_wifiOn) {
         return;
     }
     m_wifiOn = on;
@@ -270,9 +285,13 @@ void RaWifiListWidget::setScanning(bool scanning)
 void RaWifiListWidget::HideKeyBoardWnd()
 {
     assertGuiThread(this);
-    setFocus();
-    m_inputWnd->clear();
-    m_inputWnd->hide();
+    if (isAskingForPassword()) {
+        setFocus();
+    }
+    if (m_inputWnd) {
+        m_inputWnd->clear();
+        m_inputWnd->hide();
+    }
 }
 
 void RaWifiListWidget::setPrevWidget(QWidget* previous)
@@ -294,10 +313,11 @@ int RaWifiListWidget::setlistItemData()
 
 void RaWifiListWidget::slotQuit()
 {
+    const QPointer<QWidget> previous = m_previous; // whoever hears of it may destroy this window
     Q_EMIT sendQuitListWnd();
-    if (m_previous) {
-        m_previous->show();
-        m_previous->raise();
+    if (previous) {
+        previous->show();
+        previous->raise();
     }
 }
 
@@ -367,10 +387,11 @@ void RaWifiListWidget::recSelectItemByList(APData data)
         Q_EMIT sendWifiManageInfo(join, data);
         return;
     }
-    m_inputWnd->setAPData(data);
-    m_inputWnd->clear();
-    m_inputWnd->show();
-    m_inputWnd->raise();
+    RaWifiInputWnd* const page = inputWnd();
+    page->setAPData(data);
+    page->clear();
+    page->show();
+    page->raise();
 }
 
 void RaWifiListWidget::recWifiInputCancelMsg()
@@ -395,17 +416,19 @@ bool RaWifiListWidget::eventFilter(QObject* watched, QEvent* event)
 void RaWifiListWidget::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    if (m_inputWnd) {
+    if (m_scrollArea) {
         m_scrollArea->setGeometry(0, titleHeight, pageWidth, height() - titleHeight);
-        m_inputWnd->setGeometry(rect());
         requestFit();
+    }
+    if (m_inputWnd) {
+        m_inputWnd->setGeometry(rect());
     }
 }
 
 void RaWifiListWidget::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (m_inputWnd->isHidden()) {
+    if (!isAskingForPassword()) {
         setFocus(); // so that the keys work at once
     }
 }

@@ -30,7 +30,7 @@ class RAWIFI_EXPORT RaWifiListWidget : public QWidget
 {
     Q_OBJECT
 public:
-    /** \a backShown: see showBackButton(). \a mac: the device's own address, shown above the list. */
+    /** \a backShown: see showBackButton(). \a mac: see setMac(). */
     RaWifiListWidget(QWidget* parent, bool backShown, QString title, QString mac);
 
     // The constructor has called these; a repeat builds nothing.
@@ -39,6 +39,9 @@ public:
     void createTitleBar();
     /** Makes the list with its switch. */
     void createWifiSwitch();
+
+    /** The device's own address, shown above the list; empty as long as it is not known. */
+    void setMac(QString mac);
 
     /**
      * Shows APDataArray as it is now, and this window. Scroll position and password page stay as they are. When
@@ -104,7 +107,8 @@ private:
 
     void createScrollArea(const QString& mac);
     QLabel* createStripLabel(Qt::Alignment alignment);
-    void createInputWnd();
+    RaWifiInputWnd* inputWnd();
+    bool isAskingForPassword() const;
     void fitContent();
     void requestFit();
     void markRows();
@@ -115,6 +119,7 @@ private:
     QWidget* m_backCover = nullptr;
     QScrollArea* m_scrollArea = nullptr;
     QWidget* m_content = nullptr;
+    QLabel* m_mac = nullptr;
     QLabel* m_state = nullptr;
     RaListwidget* m_list = nullptr;
     RaWifiInputWnd* m_inputWnd = nullptr;

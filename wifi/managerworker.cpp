@@ -63,15 +63,18 @@ unsigned shortened(const void* pointer)
     return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(pointer));
 }
 
-void start(RaWorkerThread::Routine routine, void* argument)
+bool start(RaWorkerThread::Routine routine, void* argument)
 {
     const WorkerPointer next = std::make_shared<Worker>(routine);
     std::unique_ptr<Job> job(new Job{s_worker, next, argument});
-    if (next->thread.start(runAfterPredecessor, job.get()) == 0) {
-        job.release();
-        s_worker = next;
-        p_thread_msg = next->thread.handle();
+    if (next->thread.start(runAfterPredecessor, job.get()) != 0) {
+        RA_WARN("cannot start a worker");
+        return false;
     }
+    job.release();
+    s_worker = next;
+    p_thread_msg = next->thread.handle();
+    return true;
 }
 
 void cancelLast()
@@ -98,7 +101,7 @@ void probeLast()
 namespace managerworker {
 
 // The mutex is gone before the worker could lock it; what keeps the workers apart is that each waits for the last.
-void startScan(RaWifiManager* manager)
+bool startScan(RaWifiManager* manager)
 {
     pthread_attr_init(&attr);
     pthread_mutex_init(&mutex, nullptr);
@@ -106,18 +109,20 @@ void startScan(RaWifiManager* manager)
     probeLast();
     cancelLast();
     RA_WARN("call pthread thread_scanap ");
-    start(thread_scanap, manager);
+    const bool isStarted = start(thread_scanap, manager);
     pthread_mutex_destroy(&mutex);
     pthread_attr_destroy(&attr);
+    return isStarted;
 }
 
-void startConnect()
+bool startConnect()
 {
     pthread_attr_init(&attr);
     pthread_attr_setdetachstate(&attr, PTHREAD_CREATE_DETACHED);
     cancelLast();
-    start(thread_connectuseap, reinterpret_cast<void*>(1));
+    const bool isStarted = start(thread_connectuseap, reinterpret_cast<void*>(1));
     pthread_attr_destroy(&attr);
+    return isStarted;
 }
 
 void dropScan()

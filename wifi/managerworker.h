@@ -13,10 +13,11 @@ class RaWifiManager;
  */
 namespace managerworker {
 
-void startScan(RaWifiManager* manager);
+/** False when the system gives no thread; then no worker is left. */
+bool startScan(RaWifiManager* manager);
 
-/** The network and the manager are those of g_PassParam. */
-void startConnect();
+/** The same for joining; the network and the manager are those of g_PassParam. */
+bool startConnect();
 
 /** The page no longer waits for the scan that may be running: its end is not announced. */
 void dropScan();

@@ -128,7 +128,12 @@ int RaWifiManager::checkAPSeriveAndMonitor()
     if (isMacMissing) {
         char mac[18] = "";
         m_service->getLocalMACaddress(mac);
-        m_gui->run([this, &mac] { m_localMac = QString::fromLatin1(mac); });
+        m_gui->run([this, &mac] {
+            m_localMac = QString::fromLatin1(mac);
+            if (m_listWindow) {
+                m_listWindow->setMac(m_localMac);
+            }
+        });
     }
     return 0;
 }
@@ -300,6 +305,9 @@ int RaWifiManager::disConnectAp()
         return -1;
     }
     m_timer->stop();
+    if (m_messageWindow) {
+        m_messageWindow->hide(); // the timer would have done it
+    }
     disConnectFunc();
     m_monitor->setWifiConnectStatus(0, 0);
     m_service->disConnectAp();
@@ -538,7 +546,9 @@ void RaWifiManager::showEvent(QShowEvent*)
 void RaWifiManager::startScanWorker()
 {
     giveUpJoining();
-    managerworker::startScan(this);
+    if (!managerworker::startScan(this) && m_listWindow) {
+        m_listWindow->setScanning(false);
+    }
 }
 
 // A cancelled attempt reports nothing; its row goes back to idle without being marked as failed.
@@ -571,5 +581,7 @@ void RaWifiManager::startConnectWorker(const APData& network)
     SetGlobalApData(network);
     RA_DEBUG(" printf(-----APData -----)");
     printAPDataPoint(&m_joining);
-    managerworker::startConnect();
+    if (!managerworker::startConnect()) {
+        giveUpJoining();
+    }
 }

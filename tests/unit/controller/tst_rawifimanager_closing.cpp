@@ -4,7 +4,6 @@
 
 #include "latch.h"
 #include "managertest.h"
-#include "ratitlewidget.h"
 #include "trace.h"
 
 #include <QtTest>
@@ -159,6 +158,7 @@ private Q_SLOTS:
     void atOnceAfterAStart();
     void whileAnErrorIsShown();
     void whenTheEndOfAScanIsAnnounced();
+    void whenThePageIsLeft_data();
     void whenThePageIsLeft();
 
     void aJoinsSuccessThatComesTooLateIsNotShown();
@@ -387,17 +387,33 @@ void TestRaWifiManagerClosing::whenTheEndOfAScanIsAnnounced()
     QVERIFY(worksAnew());
 }
 
+void TestRaWifiManagerClosing::whenThePageIsLeft_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::addColumn<int>("connection");
+    QTest::newRow("by the back mark, at once") << false << int(Qt::DirectConnection);
+    QTest::newRow("by the back mark, a little later") << false << int(Qt::QueuedConnection);
+    QTest::newRow("by a key, at once") << true << int(Qt::DirectConnection);
+    QTest::newRow("by a key, a little later") << true << int(Qt::QueuedConnection);
+}
+
 void TestRaWifiManagerClosing::whenThePageIsLeft()
 {
+    QFETCH(bool, byKey);
+    QFETCH(int, connection);
     const Page page;
+    page->resize(320, 480);
     page->show();
     connect(
-        page.get(), &RaWifiManager::backPressed, this, [] { RaWifiManager::close(); }, Qt::QueuedConnection);
+        page.get(), &RaWifiManager::backPressed, this, [] { RaWifiManager::close(); },
+        Qt::ConnectionType(connection));
     const QPointer<RaWifiManager> watched(page.get());
-    RaTitleWidget* const title = page.list()->findChild<RaTitleWidget*>();
-    const QPoint mark = title->mapToGlobal(QPoint(25, 25));
-    finger(title, QEvent::MouseButtonPress, mark);
-    finger(title, QEvent::MouseButtonRelease, mark);
+    QWindow* const screen = page->windowHandle();
+    if (byKey) {
+        QTest::keyPress(screen, Qt::Key_Escape); // its release finds no window
+    } else {
+        QTest::mouseClick(screen, Qt::LeftButton, Qt::NoModifier, QPoint(25, 25));
+    }
     QVERIFY(waitFor([&] { return watched.isNull(); }));
     QVERIFY(worksAnew());
 }

@@ -11,6 +11,7 @@
 
 #include <QLineEdit>
 #include <QtTest>
+#include <cerrno>
 #include <dlfcn.h>
 
 // The page and the message window: who makes them, what is on them when, and how a join is told on them.
@@ -20,6 +21,7 @@ using namespace managertest;
 namespace {
 
 std::function<void()> g_beforeThreadStart;
+bool g_noThreads = false; // for workers
 
 const APData openNetwork = network(1, "Open", false);
 const APData lockedNetwork = network(2, "Locked", true);
@@ -37,6 +39,7 @@ public:
     FullPage() : ShownPage(air()) {}
 
     RaWifiInputWnd* passwordPage() const { return get()->findChild<RaWifiInputWnd*>(); }
+    bool isAskingForPassword() const { return passwordPage() && passwordPage()->isVisible(); }
 
     /** Types on the password page and taps OK. */
     void enter(const char* password) const
@@ -64,6 +67,9 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
         g_beforeThreadStart = nullptr;
         once();
     }
+    if (g_noThreads && isGuiThread()) {
+        return EAGAIN;
+    }
     return real(thread, attributes, routine, argument);
 }
 
@@ -81,6 +87,8 @@ private Q_SLOTS:
     void thePagesSizeFollowsTheManager();
     void theSwitchIsInStepWithTheManager();
     void thePageSaysDiscoveringWhileAScanRuns();
+    void anOwnAddressThatIsFetchedLateIsShown();
+    void aWorkerThatCannotBeStartedLocksNothing();
     void listDataIsSortedAndCounted();
     void aRefreshShowsTheRows();
     void slotsWithoutWindowsDoNothing();
@@ -100,6 +108,7 @@ private Q_SLOTS:
     void reportsEndAnAttemptOrNot();
     void anErrorIsShownForTenSeconds();
     void theLaterOfTwoErrorsIsShownAndTheTimeBeginsAnew();
+    void disconnectingPutsAnErrorAway();
     void errorsWithoutAMessageWindowAreNotShown();
     void theTimeoutShowsTheListAgain();
     void statusWordsAreLoggedAndSuccessShowsTheList_data();
@@ -177,7 +186,7 @@ void TestRaWifiManagerWindows::thePageIsCompleteFromTheFirstShow()
     QVERIFY(switchRow && switchRow->isVisible());
     QVERIFY(!page.isSwitchOn());
     QVERIFY(!page.saysDiscovering());
-    QVERIFY(!list->findChild<RaWifiInputWnd*>()->isVisible());
+    QVERIFY(!list->findChild<RaWifiInputWnd*>());
     const QImage picture = page->grab().toImage();
     QCOMPARE(picture.pixelColor(5, 470), QColor(0x1e, 0x21, 0x29));
     const QImage bare = [] {
@@ -236,6 +245,40 @@ void TestRaWifiManagerWindows::thePageSaysDiscoveringWhileAScanRuns()
     QVERIFY(!page.saysDiscovering());
     QCOMPARE(static_cast<int>(page.rows().size()), 3);
     page->recAPSwitch(false);
+    QVERIFY(!page.saysDiscovering());
+}
+
+void TestRaWifiManagerWindows::anOwnAddressThatIsFetchedLateIsShown()
+{
+    breakScript("getlocalmac.sh");
+    Page page;
+    page->show();
+    const auto isAddressShown = [&page] {
+        for (const QLabel* label : page.list()->findChildren<QLabel*>()) {
+            if (label->isVisible() && label->text().contains(QLatin1String(localMac))) {
+                return true;
+            }
+        }
+        return false;
+    };
+    QVERIFY(!isAddressShown());
+    setScripts();
+    QVERIFY(scan(page));
+    QVERIFY(isAddressShown());
+}
+
+void TestRaWifiManagerWindows::aWorkerThatCannotBeStartedLocksNothing()
+{
+    const FullPage page;
+    g_noThreads = true;
+    page->receiveAPManageInfo(3, openNetwork);
+    const QByteArray state = page.state("Open");
+    const bool takesTaps = page.takesTaps();
+    page->recAPSwitch(false);
+    page->recAPSwitch(true);
+    g_noThreads = false;
+    QCOMPARE(state, QByteArray("idle"));
+    QVERIFY(takesTaps);
     QVERIFY(!page.saysDiscovering());
 }
 
@@ -379,9 +422,9 @@ void TestRaWifiManagerWindows::aJoinRequestPutsThePasswordPageAway()
 {
     const FullPage page;
     tap(page.row("Locked"));
-    QVERIFY(page.passwordPage()->isVisible());
+    QVERIFY(page.isAskingForPassword());
     page->receiveAPManageInfo(0, openNetwork);
-    QVERIFY(!page.passwordPage()->isVisible());
+    QVERIFY(!page.isAskingForPassword());
     QVERIFY(waitForWorkers());
 }
 
@@ -424,7 +467,7 @@ void TestRaWifiManagerWindows::aTapJoinsOrAsksForThePassword()
     saveNetworks(QList<APData>() << savedNetwork);
     const FullPage page;
     tap(page.row(name));
-    QCOMPARE(page.passwordPage()->isVisible(), isAsked);
+    QCOMPARE(page.isAskingForPassword(), isAsked);
     QCOMPARE(page.state(name), QByteArray(isAsked ? "idle" : "joining"));
     if (isAsked) {
         page.enter("long enough");
@@ -518,6 +561,18 @@ void TestRaWifiManagerWindows::theLaterOfTwoErrorsIsShownAndTheTimeBeginsAnew()
     QVERIFY(page.message()->grab().toImage() != first);
     QCOMPARE(page.timer()->interval(), 10000);
     QVERIFY(page.timer()->isActive());
+}
+
+void TestRaWifiManagerWindows::disconnectingPutsAnErrorAway()
+{
+    const FullPage page;
+    setNoAddress();
+    page->receiveAPManageInfo(3, openNetwork);
+    QVERIFY(waitForWorkers());
+    QVERIFY(page.message()->isVisible());
+    page->disConnectAp();
+    QVERIFY(!page.timer()->isActive());
+    QVERIFY(page.message()->isHidden()); // no timeout would come to hide it
 }
 
 void TestRaWifiManagerWindows::errorsWithoutAMessageWindowAreNotShown()
@@ -629,7 +684,7 @@ void TestRaWifiManagerWindows::aFailedAttemptAsksForThePasswordAnew()
     page->timeout();
 
     tap(page.row("Locked"));
-    QVERIFY(page.passwordPage()->isVisible());
+    QVERIFY(page.isAskingForPassword());
     QVERIFY(!page.passwordPage()->findChild<QLineEdit*>()->text().contains(QLatin1String("wrong")));
     setScripts();
     page.enter("right password");
@@ -647,7 +702,7 @@ void TestRaWifiManagerWindows::aFailedSavedNetworkAsksForItsPassword()
     QVERIFY(waitForWorkers());
     QCOMPARE(page.state("Saved"), QByteArray("idle"));
     tap(page.row("Saved"));
-    QVERIFY(page.passwordPage()->isVisible());
+    QVERIFY(page.isAskingForPassword());
     QVERIFY(!page.passwordPage()->findChild<QLineEdit*>()->text().contains(QLatin1String("saved password")));
     QVERIFY(waitForWorkers());
 }

@@ -5,6 +5,7 @@
 #include "keyboarddriver.h"
 #include "loggedmessages.h"
 
+#include <QAccessible>
 #include <QPainter>
 #include <QPointer>
 #include <QSignalSpy>
@@ -89,6 +90,8 @@ private Q_SLOTS:
 
     void keypadKeysClick_data();
     void keypadKeysClick();
+    void assistiveToolClicks_data();
+    void assistiveToolClicks();
 
     void textIsDrawnInsideTheKey_data();
     void textIsDrawnInsideTheKey();
@@ -448,6 +451,31 @@ void TestRaVirtualKeyboardBtn::keypadKeysClick()
     sendKey(&key, QEvent::KeyPress, pressed, true);
     sendKey(&key, QEvent::KeyRelease, pressed);
     QCOMPARE(int(key.reported.size()), reports);
+}
+
+void TestRaVirtualKeyboardBtn::assistiveToolClicks_data()
+{
+    QTest::addColumn<bool>("afterAHold");
+    QTest::newRow("a fresh key") << false;
+    QTest::newRow("a key that was held before") << true;
+}
+
+void TestRaVirtualKeyboardBtn::assistiveToolClicks()
+{
+    QFETCH(bool, afterAHold);
+    Key key;
+    key.setText(QLatin1String("k"));
+    key.setAutoRepeat(true);
+    if (afterAHold) {
+        sendKey(&key, QEvent::KeyPress, Qt::Key_Space);
+        QTRY_VERIFY(!key.reported.isEmpty()); // it repeats
+        sendKey(&key, QEvent::KeyRelease, Qt::Key_Space);
+        key.reported.clear();
+    }
+    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&key);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QTRY_COMPARE(int(key.reported.size()), 1);
+    QCOMPARE(key.lastReport(), QString::fromLatin1("k"));
 }
 
 void TestRaVirtualKeyboardBtn::textIsDrawnInsideTheKey_data()

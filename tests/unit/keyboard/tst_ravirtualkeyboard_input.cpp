@@ -8,7 +8,9 @@
 #include <QAbstractEventDispatcher>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QPair>
 #include <QSignalSpy>
+#include <QTouchEvent>
 #include <QtTest>
 
 namespace {
@@ -76,6 +78,62 @@ private:
 
     QWidget* m_widget;
     QPoint m_screen;
+};
+
+auto newTouches(QWidget* widget)
+{
+    static auto* const device = QTest::createTouchDevice();
+    return QTest::touchEvent(widget, device, false);
+}
+
+// Fingers on a screen that tells them apart; each stays where it is until it is lifted.
+class TouchScreen
+{
+public:
+    explicit TouchScreen(QWidget* window)
+        : m_touches(newTouches(window))
+    {
+    }
+    void press(QWidget* widget)
+    {
+        others();
+        m_touches.press(m_next, widget->rect().center(), widget).commit();
+        m_down << qMakePair(m_next++, widget);
+    }
+    /** Lifts the finger that has been on \a widget longest. */
+    void release(QWidget* widget)
+    {
+        for (int i = 0; i < int(m_down.size()); ++i) {
+            if (m_down.at(i).second == widget) {
+                lift(i);
+                return;
+            }
+        }
+    }
+    void releaseAll()
+    {
+        while (!m_down.isEmpty()) {
+            lift(0);
+        }
+    }
+
+private:
+    void others()
+    {
+        for (const QPair<int, QWidget*>& finger : m_down) {
+            m_touches.stationary(finger.first);
+        }
+    }
+    void lift(int index)
+    {
+        const QPair<int, QWidget*> finger = m_down.takeAt(index);
+        others();
+        m_touches.release(finger.first, finger.second->rect().center(), finger.second).commit();
+    }
+
+    decltype(newTouches(nullptr)) m_touches;
+    QList<QPair<int, QWidget*>> m_down;
+    int m_next = 0;
 };
 
 // The interval and the number of the only timer that \a object runs itself; both 0 when there is none.
@@ -167,8 +225,13 @@ private Q_SLOTS:
 
     void twoFingersTypeEachKeyOnce_data();
     void twoFingersTypeEachKeyOnce();
+    void twoFingersTouchEachKeyOnce_data();
+    void twoFingersTouchEachKeyOnce();
+    void touchThatIsTakenBackTypesNothing();
     void doubleClickEventsAreTwoTaps();
     void pageChangeUnderAFingerTypesNothingUnseen();
+    void hidingLetsAHeldKeyGo_data();
+    void hidingLetsAHeldKeyGo();
 
     void backspaceTapIsOneEvent();
     void backspaceHeldRepeats();
@@ -704,6 +767,51 @@ void TestRaVirtualKeyboardInput::twoFingersTypeEachKeyOnce()
     }
 }
 
+void TestRaVirtualKeyboardInput::twoFingersTouchEachKeyOnce_data()
+{
+    twoFingersTypeEachKeyOnce_data();
+    QTest::newRow("two fingers on one key") << QString::fromLatin1("+a+a-a-a") << QString::fromLatin1("a");
+}
+
+// The same on a screen that tells its fingers apart.
+void TestRaVirtualKeyboardInput::twoFingersTouchEachKeyOnce()
+{
+    QFETCH(QString, events);
+    QFETCH(QString, typed);
+    Keyboard keyboard;
+    TouchScreen screen(&keyboard);
+    for (int i = 0; i + 1 < int(events.size()); i += 2) {
+        const int place = events.at(i + 1).unicode() - 'a';
+        RaVirtualKeyboard_Btn* key = allKeys(keyboard).at(5 + place);
+        if (events.at(i) == QLatin1Char('+')) {
+            screen.press(key);
+        } else {
+            screen.release(key);
+        }
+    }
+    QCOMPARE(keyboard.typedText(), typed);
+    screen.releaseAll();
+    QCOMPARE(keyboard.typedText(), typed);
+    for (const RaVirtualKeyboard_Btn* key : allKeys(keyboard)) {
+        QVERIFY(!key->isDown());
+    }
+}
+
+void TestRaVirtualKeyboardInput::touchThatIsTakenBackTypesNothing()
+{
+    Keyboard keyboard;
+    RaVirtualKeyboard_Btn* key = keyboard.key("btn1_backspace");
+    TouchScreen screen(&keyboard);
+    screen.press(key);
+    QVERIFY(key->isDown());
+    QTouchEvent cancel(QEvent::TouchCancel);
+    QApplication::sendEvent(key, &cancel);
+    QVERIFY(!key->isDown());
+    QCOMPARE(runningTimer(key).timerId, 0);
+    screen.releaseAll();
+    QCOMPARE(int(keyboard.typed.size()), 0);
+}
+
 void TestRaVirtualKeyboardInput::doubleClickEventsAreTwoTaps()
 {
     Keyboard keyboard;
@@ -726,6 +834,30 @@ void TestRaVirtualKeyboardInput::pageChangeUnderAFingerTypesNothingUnseen()
     QCOMPARE(int(reported.size()), 0);
     QVERIFY(!z->isDown());
     QCOMPARE(keyboard.typedText(), QString());
+}
+
+void TestRaVirtualKeyboardInput::hidingLetsAHeldKeyGo_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a letter") << QString::fromLatin1("btn2_01");
+    QTest::newRow("backspace") << QString::fromLatin1("btn1_backspace");
+}
+
+void TestRaVirtualKeyboardInput::hidingLetsAHeldKeyGo()
+{
+    QFETCH(QString, name);
+    Keyboard keyboard;
+    RaVirtualKeyboard_Btn* key = keyboard.key(name.toLatin1().constData());
+    press(key);
+    QVERIFY(key->isDown());
+    keyboard.setVisible(false);
+    QVERIFY(!key->isDown());
+    QCOMPARE(runningTimer(key).timerId, 0); // no repeats for nobody to see
+    release(key);
+    keyboard.setVisible(true);
+    QCOMPARE(int(keyboard.typed.size()), 0);
+    tap(key);
+    QCOMPARE(int(keyboard.typed.size()), 1);
 }
 
 void TestRaVirtualKeyboardInput::backspaceTapIsOneEvent()

@@ -11,8 +11,8 @@ class TestPasswordRule : public QObject
 private Q_SLOTS:
     void lengthDependsOnTheKind_data();
     void lengthDependsOnTheKind();
-    void onlyLatin1IsTaken_data();
-    void onlyLatin1IsTaken();
+    void onlyPrintableLatin1IsTaken_data();
+    void onlyPrintableLatin1IsTaken();
     void objectionNamesTheLimit();
 };
 
@@ -47,7 +47,7 @@ void TestPasswordRule::lengthDependsOnTheKind()
     QCOMPARE(passwordObjection(record, password).isEmpty(), taken);
 }
 
-void TestPasswordRule::onlyLatin1IsTaken_data()
+void TestPasswordRule::onlyPrintableLatin1IsTaken_data()
 {
     QTest::addColumn<QString>("password");
     QTest::addColumn<bool>("taken");
@@ -56,9 +56,13 @@ void TestPasswordRule::onlyLatin1IsTaken_data()
     QTest::newRow("A with macron U+0100") << QString(QChar(0x100)) << false;
     QTest::newRow("Chinese") << QString::fromUtf8("密") << false;
     QTest::newRow("NUL") << QString(QChar(0)) << false;
+    QTest::newRow("line break, as pasted texts end") << QString::fromLatin1("password\n") << false;
+    QTest::newRow("carriage return") << QString::fromLatin1("pass\rword") << false;
+    QTest::newRow("tab") << QString::fromLatin1("pass\tword") << false;
+    QTest::newRow("blanks around") << QString::fromLatin1(" password ") << true;
 }
 
-void TestPasswordRule::onlyLatin1IsTaken()
+void TestPasswordRule::onlyPrintableLatin1IsTaken()
 {
     QFETCH(QString, password);
     QFETCH(bool, taken);

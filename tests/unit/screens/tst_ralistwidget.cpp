@@ -101,6 +101,9 @@ private Q_SLOTS:
     void switchFollowsSilently();
     void keysMoveTheIndex();
     void keysReachTheSwitch();
+    void keysStayInTheListWhenRowsAreReplaced_data();
+    void keysStayInTheListWhenRowsAreReplaced();
+    void replacedRowsLeaveTheFocusOfOthersAlone();
     void wheelScrolls_data();
     void wheelScrolls();
 
@@ -544,6 +547,51 @@ void TestRaListwidget::keysReachTheSwitch()
     ShownList empty(0);
     empty.keyDown();
     QCOMPARE(empty.currentItem(), static_cast<QWidget*>(empty.switchRow()));
+}
+
+void TestRaListwidget::keysStayInTheListWhenRowsAreReplaced_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("index");
+    QTest::newRow("as many") << 5 << 3;
+    QTest::newRow("fewer: on to the switch") << 2 << 2;
+    QTest::newRow("none: the switch alone") << 0 << 0;
+}
+
+void TestRaListwidget::keysStayInTheListWhenRowsAreReplaced()
+{
+    QFETCH(int, count);
+    QFETCH(int, index);
+    QWidget window;
+    QPushButton before(&window);
+    ShownList list(5);
+    list.setParent(&window);
+    QPushButton after(&window);
+    window.show();
+    list.show();
+    for (int i = 0; i < 3; ++i) {
+        list.keyUp();
+    }
+    setAir(networks(count));
+    count > 0 ? list.setListData() : list.clearRows();
+    sweep();
+    QCOMPARE(list.getSelectIndex(), index);
+    QCOMPARE(window.focusWidget(), list.currentItem());
+}
+
+void TestRaListwidget::replacedRowsLeaveTheFocusOfOthersAlone()
+{
+    QWidget window;
+    ShownList list(5);
+    list.setParent(&window);
+    QPushButton other(&window);
+    window.show();
+    list.show();
+    list.keyUp();
+    other.setFocus();
+    list.setListData();
+    sweep();
+    QCOMPARE(window.focusWidget(), static_cast<QWidget*>(&other));
 }
 
 void TestRaListwidget::wheelScrolls_data()

@@ -69,6 +69,7 @@ public:
 
     RaListwidget* list() const { return findChild<RaListwidget*>(); }
     RaWifiInputWnd* password() const { return findChild<RaWifiInputWnd*>(); }
+    bool isAskingForPassword() const { return password() && password()->isVisible(); }
     raPsWdLineEdit* edit() const { return findChild<raPsWdLineEdit*>(); }
     RaSwitchListWidget* switchRow() const { return findChild<RaSwitchListWidget*>(); }
     QScrollArea* area() const { return findChild<QScrollArea*>(); }
@@ -126,6 +127,7 @@ private Q_SLOTS:
 
     void declaresItsMethodsInOrder();
     void pageIsCompleteFromTheFirstShow();
+    void ownAddressMayComeLater();
     void heightIsTheParents();
     void resizedPageUsesItsHeight();
     void sameUiIsNotBuiltTwice();
@@ -170,6 +172,7 @@ private Q_SLOTS:
     void switchReportsTheUser();
     void switchFollowsSilently();
     void switchedOffPageHasNoRows();
+    void pageThatIsOffLosesItsRowsWhenSwitchedOff();
     void scanningSaysSo();
     void emptyResultSaysSo();
 
@@ -229,8 +232,18 @@ void TestRaWifiListWidget::pageIsCompleteFromTheFirstShow()
     QVERIFY(screen.switchRow()->isVisible() && screen.isInView(screen.switchRow()));
     QCOMPARE(screen.list()->geometry(), QRect(0, 32, 320, 140));
     QCOMPARE(screen.list()->getSetting(), 101);
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
     QCOMPARE(screen.area()->viewport()->size(), screen.area()->size()); // no scroll bars
+}
+
+void TestRaWifiListWidget::ownAddressMayComeLater()
+{
+    const Screen screen;
+    screen.page->setMac(QString::fromLatin1("66:77:88:99:aa:bb"));
+    QVERIFY(screen.shows(QString::fromLatin1("MAC  66:77:88:99:aa:bb")));
+    QVERIFY(!screen.shows(QString::fromLatin1("MAC  00:11:22:33:44:55")));
+    screen.page->setMac(QString());
+    QVERIFY(!screen.shows(QString::fromLatin1("MAC  ")));
 }
 
 void TestRaWifiListWidget::heightIsTheParents()
@@ -246,6 +259,7 @@ void TestRaWifiListWidget::heightIsTheParents()
 void TestRaWifiListWidget::resizedPageUsesItsHeight()
 {
     Screen screen(20);
+    screen.page->recSelectItemByList(network(0, "Network 0"));
     screen.page->resize(320, 600);
     screen.settle();
     QCOMPARE(screen.area()->height(), 550);
@@ -348,7 +362,7 @@ void TestRaWifiListWidget::everyRowCanBeScrolledIntoView()
     QVERIFY(screen.isInView(rows.first()));
     QVERIFY(screen.isInView(screen.switchRow()));
     QCOMPARE(joins.count(), 0);
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
 }
 
 void TestRaWifiListWidget::contentFollowsTheFinger()
@@ -422,7 +436,7 @@ void TestRaWifiListWidget::refreshUnderTheFingerDoesNothing()
     screen.refresh(networks(3));
     QTest::mouseRelease(screen.windowHandle(), Qt::LeftButton, Qt::NoModifier, point);
     QCOMPARE(clicks.count(), 0);
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
 }
 
 void TestRaWifiListWidget::moveStepStopsAtTheEnds_data()
@@ -505,7 +519,7 @@ void TestRaWifiListWidget::tappedNetworkIsJoined()
     screen.refresh(QList<APData>() << network(4, "other") << record);
     QSignalSpy joins(screen.page, SIGNAL(sendWifiManageInfo(int,APData)));
     tap(screen.rows().at(1));
-    QCOMPARE(screen.password()->isVisible(), asks);
+    QCOMPARE(screen.isAskingForPassword(), asks);
     QCOMPARE(joins.count(), asks ? 0 : 1);
     if (asks) {
         QCOMPARE(screen.password()->accessibleName(), QString::fromLatin1("net"));
@@ -528,7 +542,7 @@ void TestRaWifiListWidget::nothingIsJoinedWhileLinking()
     screen.page->recSelectItemByList(network(0, "locked"));
     QCOMPARE(clicks.count(), 0);
     QCOMPARE(joins.count(), 0);
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
     screen.page->setLinkAP(false);
     tap(screen.rows().at(1));
     QCOMPARE(clicks.count(), 1);
@@ -556,7 +570,7 @@ void TestRaWifiListWidget::okJoinsWithThePassword()
     tap(screen.rows().at(0));
     QTest::keyClicks(screen.edit(), QString::fromLatin1("se cret"));
     QTest::keyClick(screen.edit(), Qt::Key_Return);
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
     QVERIFY(screen.edit()->getIsPlaceholderText());
     QCOMPARE(joins.count(), 1);
     QCOMPARE(joins.at(0).at(0).toInt(), 3);
@@ -572,11 +586,11 @@ void TestRaWifiListWidget::cancelEmptiesAndHides()
     tap(screen.rows().at(0));
     QTest::keyClicks(screen.edit(), QString::fromLatin1("secret"));
     QTest::keyClick(screen.edit(), Qt::Key_Escape);
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
     QVERIFY(screen.edit()->getIsPlaceholderText());
     QCOMPARE(joins.count(), 0);
     tap(screen.rows().at(2));
-    QVERIFY(screen.password()->isVisible());
+    QVERIFY(screen.isAskingForPassword());
     QCOMPARE(screen.password()->accessibleName(), QString::fromLatin1("Network 2"));
 }
 
@@ -586,7 +600,7 @@ void TestRaWifiListWidget::hiddenKeyboardIsEmpty()
     tap(screen.rows().at(0));
     QTest::keyClicks(screen.edit(), QString::fromLatin1("secret"));
     screen.page->HideKeyBoardWnd();
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
     QVERIFY(screen.edit()->getIsPlaceholderText());
 }
 
@@ -599,7 +613,7 @@ void TestRaWifiListWidget::refreshLeavesThePasswordPageAlone()
     screen.refresh(networks(20));
     screen.page->setScanning(true);
     screen.refresh(QList<APData>() << network(77, "another"));
-    QVERIFY(screen.password()->isVisible());
+    QVERIFY(screen.isAskingForPassword());
     QCOMPARE(screen.edit()->text(), QString::fromLatin1("secret"));
     QCOMPARE(screen.edit()->cursorPosition(), 2);
     QVERIFY(screen.edit()->hasFocus() || screen.focusWidget() == screen.edit());
@@ -625,7 +639,7 @@ void TestRaWifiListWidget::listIsCoveredByThePasswordPage()
     QCOMPARE(clicks.count(), 0);
     QCOMPARE(quits.count(), 0);
     QCOMPARE(screen.list()->getSelectIndex(), 0);
-    QVERIFY(screen.password()->isVisible());
+    QVERIFY(screen.isAskingForPassword());
 }
 
 void TestRaWifiListWidget::marksFollowAJoin()
@@ -668,7 +682,7 @@ void TestRaWifiListWidget::failedNetworkAsksForItsPassword()
     screen.page->setConnectFailed(saved.at(0));
     screen.refresh(saved);
     tap(screen.rows().at(0));
-    QVERIFY(screen.password()->isVisible());
+    QVERIFY(screen.isAskingForPassword());
     QVERIFY(screen.edit()->getIsPlaceholderText());
     QCOMPARE(joins.count(), 0);
     screen.page->HideKeyBoardWnd();
@@ -677,7 +691,7 @@ void TestRaWifiListWidget::failedNetworkAsksForItsPassword()
     screen.page->recWifiListMsg(saved.at(0), true);
     tap(screen.rows().at(0));
     QCOMPARE(joins.count(), 2);
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
 }
 
 void TestRaWifiListWidget::failedOpenNetworkIsTriedAgain()
@@ -715,7 +729,7 @@ void TestRaWifiListWidget::roamedNetworkCountsAsJoined()
     screen.refresh(air);
     QCOMPARE(screen.statuses(), QStringList() << joined() << QString());
     screen.page->recSelectItemByList(network(1, "net", true, 3, "typed"));
-    QVERIFY(!screen.password()->isVisible());
+    QVERIFY(!screen.isAskingForPassword());
 }
 
 void TestRaWifiListWidget::joinedPasswordIsKeptUntilTheRefresh()
@@ -770,6 +784,17 @@ void TestRaWifiListWidget::switchedOffPageHasNoRows()
     screen.page->setWifiSwitch(true);
     screen.refresh(networks(2)); // the link may have stayed up meanwhile
     QCOMPARE(screen.statuses(), QStringList() << QString() << joined());
+}
+
+void TestRaWifiListWidget::pageThatIsOffLosesItsRowsWhenSwitchedOff()
+{
+    Screen screen;
+    screen.refresh(networks(20)); // a scan that the switch has no part in
+    QCOMPARE(int(screen.rows().size()), 20);
+    screen.page->setWifiSwitch(false);
+    screen.settle();
+    QVERIFY(screen.rows().isEmpty());
+    QCOMPARE(screen.list()->height(), 140);
 }
 
 void TestRaWifiListWidget::scanningSaysSo()
@@ -890,9 +915,16 @@ void TestRaWifiListWidget::keysMoveAndScroll()
     QTest::keyClick(screen.focusWidget(), Qt::Key_Return);
     QCOMPARE(clicks.count(), 1);
     QCOMPARE(clicks.at(0).at(0).toInt(), 19);
-    screen.page->HideKeyBoardWnd();
-    QTest::keyClick(screen.page, Qt::Key_Down);
+    screen.page->HideKeyBoardWnd(); // there was none
+    QCOMPARE(screen.focusWidget(), screen.list()->currentItem());
+    QTest::keyClick(screen.focusWidget(), Qt::Key_Down);
     QCOMPARE(screen.list()->getSelectIndex(), 18);
+    QTest::keyClick(screen.focusWidget(), Qt::Key_Return);
+    QVERIFY(screen.isAskingForPassword());
+    screen.page->HideKeyBoardWnd();
+    QCOMPARE(screen.focusWidget(), static_cast<QWidget*>(screen.page));
+    QTest::keyClick(screen.page, Qt::Key_Down);
+    QCOMPARE(screen.list()->getSelectIndex(), 17);
 }
 
 void TestRaWifiListWidget::keysQuit()
@@ -923,7 +955,7 @@ void TestRaWifiListWidget::hostileNamesAreShown()
             QVERIFY(c.category() != QChar::Other_Control && c != QChar(0x202e));
         }
         tap(row);
-        QVERIFY(screen.password()->isVisible());
+        QVERIFY(screen.isAskingForPassword());
         QCOMPARE(screen.password()->accessibleName(), row->getText());
         screen.page->HideKeyBoardWnd();
     }
