@@ -39,6 +39,17 @@ builds_host() { # builds_host PREFIX
     cmake -G Ninja -S examples/host -B "$1/host" -DCMAKE_PREFIX_PATH="$1" && cmake --build "$1/host"
 }
 
+# What the device image gets is what the sources have: the same files, executable where they are.
+installs_device() { # installs_device DIRECTORY
+    local source=device/scripts installed
+    DESTDIR=$1 cmake --install build/qt6 --prefix /usr --component device &&
+        diff -r --exclude=share --exclude=.shellcheckrc $source "$1/usr/bin" && diff -r $source/share "$1/usr/share/rawifi" || return
+    for installed in "$1"/usr/bin/*.sh "$1/usr/share/rawifi/udhcpc.sh"; do
+        [ -x "$installed" ] || { echo "$installed is not executable"; return 1; }
+    done
+}
+
+check "device component: scripts are installed as they are" installs_device "$scratch/device"
 for qt in qt6 qt5; do
     prefix=$scratch/$qt
     check "$qt: install" cmake --install "build/$qt" --prefix "$prefix"
