@@ -393,6 +393,9 @@ void RaVirtualKeyboard::watchKey(QWidget* key, QEvent* event)
         hideUnlessInUse(static_cast<const QFocusEvent*>(event));
         break;
     default:
+        if (raIsTouchCancel(event)) {
+            endDrag();
+        }
         break;
     }
 }

@@ -13,6 +13,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QTimer>
+#include <QTouchEvent>
 
 namespace {
 
@@ -25,6 +26,7 @@ const char kCheckedStyle[] =
 const int kClickGuard = 100; // ms
 const int kHoldTime = 100;   // ms
 const qreal kCornerRadius = 10;
+const int kNoFinger = -1;
 
 // Not a null string, which the selector [text=""] of a style sheet does not match.
 QString emptyText()
@@ -95,8 +97,10 @@ RaVirtualKeyboard_Btn::RaVirtualKeyboard_Btn(QWidget* parent)
     : QPushButton(parent)
     , m_clickTimer(new QTimer(this))
     , m_holdTimer(new QTimer(this))
+    , m_finger(kNoFinger)
     , m_glyph(RaKeyGlyph::None)
 {
+    setAttribute(Qt::WA_AcceptTouchEvents);
     connect(m_clickTimer, SIGNAL(timeout()), this, SLOT(updatePressStatus()));
     setStyle(RaVirtualKeyboard_ProxyStyle::shared());
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
@@ -169,9 +173,65 @@ void RaVirtualKeyboard_Btn::pressOnSlot()
     m_isPressOn = true;
 }
 
+// The toolkit makes mouse events of the first finger only, so a key that is tapped while another one is still
+// held would be lost.
+bool RaVirtualKeyboard_Btn::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+        if (event->type() == QEvent::TouchBegin) {
+            m_finger = kNoFinger; // whatever became of the last one
+        }
+        event->accept();
+        followFinger(static_cast<const QTouchEvent*>(event));
+        return true;
+    default:
+        if (raIsTouchCancel(event)) {
+            m_finger = kNoFinger;
+            letGo();
+        }
+        return QPushButton::event(event);
+    }
+}
+
+void RaVirtualKeyboard_Btn::followFinger(const QTouchEvent* event)
+{
+    for (const RaFinger& finger : raFingers(event)) {
+        if (m_finger == kNoFinger && finger.state == Qt::TouchPointPressed) {
+            m_finger = finger.id;
+        }
+        if (finger.id != m_finger) {
+            continue;
+        }
+        QEvent::Type type = QEvent::MouseMove;
+        if (finger.state == Qt::TouchPointPressed) {
+            type = QEvent::MouseButtonPress;
+        } else if (finger.state == Qt::TouchPointReleased) {
+            type = QEvent::MouseButtonRelease;
+            m_finger = kNoFinger;
+        }
+        QMouseEvent mouse(type, finger.position, mapToGlobal(finger.position),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(this, &mouse);
+        return; // the key may be gone
+    }
+}
+
+void RaVirtualKeyboard_Btn::letGo()
+{
+    if (isDown()) {
+        m_isPressSpent = true;
+        m_holdTimer->stop();
+        setDown(false);
+    }
+}
+
 void RaVirtualKeyboard_Btn::mousePressEvent(QMouseEvent* event)
 {
-    m_repeated = false;
+    m_isPressSpent = false;
     m_holdTimer->start(kHoldTime);
     QPushButton::mousePressEvent(event);
 }
@@ -193,6 +253,9 @@ void RaVirtualKeyboard_Btn::mouseReleaseEvent(QMouseEvent* event)
     if (self) {
         QPushButton::mouseReleaseEvent(event);
     }
+    if (self) {
+        m_isPressSpent = false;
+    }
 }
 
 void RaVirtualKeyboard_Btn::keyPressEvent(QKeyEvent* event)
@@ -201,7 +264,7 @@ void RaVirtualKeyboard_Btn::keyPressEvent(QKeyEvent* event)
         QPushButton::keyPressEvent(event);
         return;
     }
-    m_repeated = false;
+    m_isPressSpent = false;
     if (isEnter(event)) {
         completeClick();
     } else {
@@ -209,30 +272,34 @@ void RaVirtualKeyboard_Btn::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// Whatever keys the toolkit takes for pressing a button: their release is what lets it up.
-void RaVirtualKeyboard_Btn::keyReleaseEvent(QKeyEvent* event)
+// A key that goes while it is held neither repeats unseen nor types when it is let go.
+void RaVirtualKeyboard_Btn::hideEvent(QHideEvent* event)
 {
-    const QPointer<QWidget> self(this);
-    const bool wasDown = isDown();
-    QPushButton::keyReleaseEvent(event);
-    if (self && wasDown && !isDown()) {
-        completeClick();
-    }
+    letGo();
+    QPushButton::hideEvent(event);
 }
 
-// The toolkit's auto-repeat comes here with the button down, the end of a click with the button up.
+// The toolkit's auto-repeat comes here with the button down; the end of a click with the button up, be it one
+// of a hardware key, an assistive tool or a finger. A finger's release has completed it already, so that the
+// guard is on.
 void RaVirtualKeyboard_Btn::nextCheckState()
 {
     QPushButton::nextCheckState();
     if (isDown()) {
-        m_repeated = true;
+        m_isPressSpent = true;
         report();
+        return;
+    }
+    const QPointer<QWidget> self(this);
+    completeClick();
+    if (self) {
+        m_isPressSpent = false;
     }
 }
 
 void RaVirtualKeyboard_Btn::completeClick()
 {
-    if (!m_isPressFinish || m_repeated) {
+    if (!m_isPressFinish || m_isPressSpent) {
         return;
     }
     const QPointer<QWidget> self(this);

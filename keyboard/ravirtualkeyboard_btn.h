@@ -12,6 +12,7 @@
 #include <QString>
 
 class QTimer;
+class QTouchEvent;
 enum class RaKeyGlyph;
 
 /** Kind of a key or of a list button. Only a text key shows its text, only SWITCHBTN toggles with a click. */
@@ -50,7 +51,8 @@ private:
 /**
  * A key. It reports a completed click with its key text, which may differ from what it shows, and takes no
  * second click within 100 ms of one. With autoRepeat on, a key that is held down reports at the base class's
- * pace, and its release then adds nothing. GUI thread only.
+ * pace, and its release then adds nothing. Keys that are touched at the same time each follow their own
+ * finger. A key that is hidden while it is held is let go. GUI thread only.
  */
 class RAWIFI_EXPORT RaVirtualKeyboard_Btn : public QPushButton
 {
@@ -89,16 +91,19 @@ public Q_SLOTS:
     void pressOnSlot();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void nextCheckState() override;
 
 private:
     Q_DISABLE_COPY(RaVirtualKeyboard_Btn)
 
+    void followFinger(const QTouchEvent* event);
+    void letGo();
     void completeClick();
     void report();
     void paintText(QPainter* painter, const QColor& color) const;
@@ -112,7 +117,8 @@ private:
     bool m_isPressOn = false;
     bool m_checked = false;
 
-    bool m_repeated = false; // the press that is on has reported already
+    bool m_isPressSpent = false; // the press that is on has reported already, or never will
+    int m_finger;                // on a touch screen: the one that holds the key
     RaKeyGlyph m_glyph;
     bool m_current = false;
 };

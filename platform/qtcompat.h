@@ -7,9 +7,11 @@
 
 #include <QCoreApplication>
 #include <QFontMetrics>
+#include <QList>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QString>
+#include <QTouchEvent>
 #include <QWheelEvent>
 #include <QWidget>
 #include <QtGlobal>
@@ -46,6 +48,41 @@ inline QPoint raEventGlobalPos(const QMouseEvent* event)
     return event->globalPosition().toPoint();
 #else
     return event->globalPos();
+#endif
+}
+
+/** One finger of a touch event; the position is in the receiving widget's coordinates. */
+struct RaFinger
+{
+    int id;
+    int state; ///< a Qt::TouchPointState
+    QPoint position;
+};
+
+inline QList<RaFinger> raFingers(const QTouchEvent* event)
+{
+    QList<RaFinger> fingers;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    for (const QEventPoint& point : event->points()) {
+        fingers << RaFinger{point.id(), point.state(), point.position().toPoint()};
+    }
+#else
+    // Qt 4.8 marks the first finger with a flag above the states.
+    for (const QTouchEvent::TouchPoint& point : event->touchPoints()) {
+        fingers << RaFinger{point.id(), int(point.state()) & 0x0f, point.pos().toPoint()};
+    }
+#endif
+    return fingers;
+}
+
+/** Whether \a event ends a touch without a finger being lifted (Qt 4.8 knows no such event). */
+inline bool raIsTouchCancel(const QEvent* event)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return event->type() == QEvent::TouchCancel;
+#else
+    Q_UNUSED(event);
+    return false;
 #endif
 }
 

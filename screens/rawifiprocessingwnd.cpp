@@ -19,7 +19,8 @@ QString fitted(const QString& text, QLabel* label)
     const QRect room = label->contentsRect();
     QString shown = text;
     for (int kept = int(text.size()) - 1;
-         kept >= 0 && !room.contains(metrics.boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, shown)); --kept) {
+         kept >= 0 && !room.contains(metrics.boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, shown));
+         --kept) {
         shown = text.left(kept).trimmed() + QChar(0x2026);
     }
     return shown;

@@ -5,6 +5,7 @@
 
 #include "rawifi_export.h"
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -51,7 +52,7 @@ private:
     Q_DISABLE_COPY(RaBaseWindow)
 
     QWidget* m_titleBar = nullptr;
-    RaBaseWidget* m_content = nullptr;
+    QPointer<RaBaseWidget> m_content; // a host may delete what it has given
     QLabel* m_titleLabel = nullptr;
     RaClickableLabel* m_backLabel = nullptr;
     QLabel* m_subtitleLabel = nullptr;

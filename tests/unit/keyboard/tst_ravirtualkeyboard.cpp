@@ -8,6 +8,7 @@
 
 #include <QLineEdit>
 #include <QPointer>
+#include <QResource>
 #include <QSignalSpy>
 #include <QtTest>
 #include <malloc.h>
@@ -117,6 +118,7 @@ private Q_SLOTS:
     void pageKeyIsMarked();
 
     void spaceKeyHasNeitherTextNorPictureOfItsOwn();
+    void spaceKeyShowsTheHostsPicture();
     void spaceKeyReportsTheEmptyText();
     void spaceKeyKeepsItsLook();
     void spaceKeyIsOneObjectOnAllPages();
@@ -483,6 +485,31 @@ void TestRaVirtualKeyboard::spaceKeyHasNeitherTextNorPictureOfItsOwn()
     QCOMPARE(space->getText(), QString());
     QVERIFY(space->icon().availableSizes().isEmpty());
     QVERIFY(space->iconSize().isValid());
+}
+
+void TestRaVirtualKeyboard::spaceKeyShowsTheHostsPicture()
+{
+    RaVirtualKeyboard keyboard(nullptr);
+    RaVirtualKeyboard_Btn* const space = keyboard.spaceKey();
+    keyboard.setSymbolPage(2);
+    const QImage drawn = pictureOf(space);
+
+    QVERIFY(QResource::registerResource(QLatin1String(HOST_PICTURES)));
+    keyboard.setSymbolPage(2);
+    const QImage withPicture = pictureOf(space);
+    const QImage icon = space->icon().pixmap(space->iconSize()).toImage();
+    const QIcon picture(QLatin1String(":/images/space_key.png"));
+    const QImage provided = picture.pixmap(space->iconSize()).toImage();
+    const QString keyText = space->getText();
+    keyboard.setSymbolPage(3);
+    const bool cleared = space->icon().isNull();
+    QResource::unregisterResource(QLatin1String(HOST_PICTURES));
+
+    QVERIFY(!provided.isNull());
+    QCOMPARE(icon, provided);
+    QVERIFY(withPicture != drawn);
+    QCOMPARE(keyText, QString());
+    QVERIFY(cleared);
 }
 
 void TestRaVirtualKeyboard::spaceKeyReportsTheEmptyText()

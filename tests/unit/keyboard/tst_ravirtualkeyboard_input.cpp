@@ -13,6 +13,16 @@
 #include <QTouchEvent>
 #include <QtTest>
 
+// No call of the keyboard clears the flag for more symbol pages, so it is reached for: an explicit
+// instantiation may name private members.
+QMap<int, bool>& flagsOf(RaVirtualKeyboard& keyboard);
+template<QMap<int, bool> RaVirtualKeyboard::*Flags>
+struct FlagsAccess
+{
+    friend QMap<int, bool>& flagsOf(RaVirtualKeyboard& keyboard) { return keyboard.*Flags; }
+};
+template struct FlagsAccess<&RaVirtualKeyboard::mode_flag_map_>;
+
 namespace {
 
 struct Keyboard : RaVirtualKeyboard
@@ -99,6 +109,12 @@ public:
         others();
         m_touches.press(m_next, widget->rect().center(), widget).commit();
         m_down << qMakePair(m_next++, widget);
+    }
+    /** Moves the only finger to \a dy pixels below the place where it came down. */
+    void moveTo(int dy)
+    {
+        const QPair<int, QWidget*> finger = m_down.last();
+        m_touches.move(finger.first, finger.second->rect().center() + QPoint(0, dy), finger.second).commit();
     }
     /** Lifts the finger that has been on \a widget longest. */
     void release(QWidget* widget)
@@ -195,6 +211,7 @@ private Q_SLOTS:
     void doubledAmpersandIsOneAmpersand();
     void backspaceIsHandedOverByName();
     void nextPageStopsAtFive();
+    void nextPageStopsAtTwoWithoutMoreSymbolPages();
     void symbolKeyLeadsBackFromTheSecondSymbolPage();
     void digitKeyTogglesTheLetterModeOnce();
     void returnToLettersKeepsTheirCase();
@@ -218,6 +235,7 @@ private Q_SLOTS:
     void jumpingPointerIsOneStep();
     void dragWithoutAPressIsNone();
     void restingFingerOnlyWobbled();
+    void touchDragsToo();
     void dragStartsInAGapToo();
     void dragStartsWithASecondTapToo();
     void dragIsMeasuredOnTheScreen();
@@ -406,6 +424,18 @@ void TestRaVirtualKeyboardInput::nextPageStopsAtFive()
         keyboard.click("RI");
     }
     QCOMPARE(int(keyboard.symbols.size()), 3);
+}
+
+void TestRaVirtualKeyboardInput::nextPageStopsAtTwoWithoutMoreSymbolPages()
+{
+    Keyboard keyboard;
+    flagsOf(keyboard)[0] = false;
+    for (int i = 0; i < 10; ++i) {
+        keyboard.click("RI");
+    }
+    QCOMPARE(int(keyboard.digits.size()), 1);
+    QCOMPARE(int(keyboard.symbols.size()), 1);
+    QCOMPARE(keyboard.key("btn2_02")->getText(), QString::fromLatin1("."));
 }
 
 void TestRaVirtualKeyboardInput::symbolKeyLeadsBackFromTheSecondSymbolPage()
@@ -685,6 +715,23 @@ void TestRaVirtualKeyboardInput::restingFingerOnlyWobbled()
     QVERIFY(!timer->isActive()); // a drag is one until the finger is lifted
 }
 
+void TestRaVirtualKeyboardInput::touchDragsToo()
+{
+    Keyboard keyboard;
+    TouchScreen screen(&keyboard);
+    screen.press(keyboard.key("btn4_03"));
+    for (int step = 1; step <= 7; ++step) {
+        screen.moveTo(-4 * step);
+    }
+    QCOMPARE(int(keyboard.steps.size()), 7);
+    QCOMPARE(keyboard.steps.at(6), QList<QVariant>() << true << 4);
+    screen.moveTo(0);
+    screen.releaseAll();
+    QVERIFY(keyboard.isMoving());
+    QCOMPARE(moveTimer(keyboard)->interval(), 900);
+    QCOMPARE(keyboard.typedText(), QString());
+}
+
 void TestRaVirtualKeyboardInput::dragStartsInAGapToo()
 {
     Keyboard keyboard;
@@ -839,24 +886,32 @@ void TestRaVirtualKeyboardInput::pageChangeUnderAFingerTypesNothingUnseen()
 void TestRaVirtualKeyboardInput::hidingLetsAHeldKeyGo_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("a letter") << QString::fromLatin1("btn2_01");
-    QTest::newRow("backspace") << QString::fromLatin1("btn1_backspace");
+    QTest::addColumn<bool>("touched");
+    QTest::newRow("a letter") << QString::fromLatin1("btn2_01") << false;
+    QTest::newRow("backspace") << QString::fromLatin1("btn1_backspace") << false;
+    QTest::newRow("a letter, touched") << QString::fromLatin1("btn2_01") << true;
+    QTest::newRow("backspace, touched") << QString::fromLatin1("btn1_backspace") << true;
 }
 
 void TestRaVirtualKeyboardInput::hidingLetsAHeldKeyGo()
 {
     QFETCH(QString, name);
+    QFETCH(bool, touched);
     Keyboard keyboard;
+    TouchScreen screen(&keyboard);
     RaVirtualKeyboard_Btn* key = keyboard.key(name.toLatin1().constData());
-    press(key);
+    const auto down = [&] { touched ? screen.press(key) : press(key); };
+    const auto up = [&] { touched ? screen.release(key) : release(key); };
+    down();
     QVERIFY(key->isDown());
     keyboard.setVisible(false);
     QVERIFY(!key->isDown());
     QCOMPARE(runningTimer(key).timerId, 0); // no repeats for nobody to see
-    release(key);
     keyboard.setVisible(true);
+    up();
     QCOMPARE(int(keyboard.typed.size()), 0);
-    tap(key);
+    down();
+    up();
     QCOMPARE(int(keyboard.typed.size()), 1);
 }
 

@@ -76,6 +76,7 @@ private Q_SLOTS:
     void defaultContentIsASlider();
     void sliderKeepsItsHeightOnATallPage();
     void missingContentLeavesAFiller();
+    void contentMayGoBeforeThePage();
     void upAndDownGoToTheContent_data();
     void upAndDownGoToTheContent();
     void backLabelClosesThePage();
@@ -239,6 +240,17 @@ void TestRaBaseWindow::missingContentLeavesAFiller()
     QCOMPARE(layoutOf(page)->count(), 2);
     QCOMPARE(layoutOf(page)->stretch(1), 12);
     QCOMPARE(layoutOf(page)->itemAt(1)->widget()->metaObject(), &QWidget::staticMetaObject);
+    pressKey(&page, Qt::Key_Up);
+    pressKey(&page, Qt::Key_Down);
+}
+
+void TestRaBaseWindow::contentMayGoBeforeThePage()
+{
+    Content* content = new Content;
+    Page page(content);
+    page.createUI(QString(), 0, QString());
+    delete content;
+    QCOMPARE(layoutOf(page)->count(), 1);
     pressKey(&page, Qt::Key_Up);
     pressKey(&page, Qt::Key_Down);
 }

@@ -116,6 +116,7 @@ private Q_SLOTS:
     void flagGroups_data();
     void flagGroups();
     void fieldsOfALineOfFullLength();
+    void aSeparatorThatIsNulStaysWithinTheLine();
     void nullArgumentsOfFieldCutters();
 
     void kindOfAFlagText_data();
@@ -742,6 +743,16 @@ void TestGlobalFunctions::fieldsOfALineOfFullLength()
     std::memset(other, 0, sizeof other);
     QCOMPARE(getEncryTypeValue(flags.data(), 0, out, other, '\t', '[', ']'), 255);
     QCOMPARE(QByteArray(out), QByteArray(253, 'F'));
+    QCOMPARE(QByteArray(other), QByteArray());
+}
+
+void TestGlobalFunctions::aSeparatorThatIsNulStaysWithinTheLine()
+{
+    QByteArray line("x[ESS]\0[WEP]", 12); // what comes after the line is not part of it
+    char first[256] = "";
+    char other[256] = "";
+    QCOMPARE(getEncryTypeValue(line.data(), 6, first, other, '\0', '[', ']'), 6);
+    QCOMPARE(QByteArray(first), QByteArray());
     QCOMPARE(QByteArray(other), QByteArray());
 }
 
