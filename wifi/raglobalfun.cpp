@@ -270,7 +270,7 @@ int getEncryTypeValue(char* line, int pos, char* first, char* other, char sep, c
     if (!startsAt(line, pos) || !std::strchr(line, open)) {
         return pos;
     }
-    while (line[pos] == sep) {
+    while (line[pos] != '\0' && line[pos] == sep) {
         ++pos;
     }
     bool isFirst = true;

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The rawificontrol authors
+// SPDX-License-Identifier: MIT
+
+// A name and a password: what is written for the supplicant means the same bytes by the supplicant's own rules of
+// reading (wpa_supplicant.conf(5)), and stands in one network of the file.
+
+#include "harness.h"
+
+#include "rawifiservice.h"
+
+#include <QList>
+
+namespace {
+
+const char configFile[] = "/etc/wpa_supplicant.conf";
+
+/** A line as the supplicant takes it: quotes pair off from the left, and a # outside of a pair begins a comment. */
+QByteArray effective(const QByteArray& line)
+{
+    bool isQuoted = false;
+    int length = 0;
+    for (; length < line.size() && (isQuoted || line.at(length) != '#'); ++length) {
+        isQuoted = isQuoted != (line.at(length) == '"');
+    }
+    return line.left(length).trimmed();
+}
+
+QByteArray meaning(const QByteArray& value)
+{
+    return value.size() >= 2 && value.startsWith('"') && value.endsWith('"') ? value.mid(1, value.size() - 2)
+                                                                             : QByteArray::fromHex(value);
+}
+
+QList<QByteArray> valuesOf(const QByteArray& key)
+{
+    QList<QByteArray> values;
+    for (const QByteArray& line : readFile(configFile).split('\n')) {
+        const QByteArray setting = effective(line);
+        if (setting.startsWith(key + '=')) {
+            values << setting.mid(key.size() + 1);
+        }
+    }
+    return values;
+}
+
+bool isOneNetwork()
+{
+    return valuesOf("network").size() == 1 && readFile(configFile).trimmed().endsWith('}');
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
+{
+    static RaWifiService service(1, nullptr);
+    const QByteArray input(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    const int middle = input.indexOf('\0');
+    const QByteArray name = input.left(middle < 0 ? 32 : middle).left(32).constData();
+    const QByteArray secret = middle < 0 ? QByteArray("password") : QByteArray(input.mid(middle + 1).constData());
+    std::remove(configFile);
+
+    if (service.changeWpaConfigfile(name.constData(), secret.constData()) == 0) {
+        const QList<QByteArray> names = valuesOf("ssid");
+        const QList<QByteArray> keys = valuesOf("psk");
+        require(isOneNetwork() && names.size() == 1 && keys.size() == 1);
+        require(meaning(names.first()) == name);
+        // From 64 bytes on it is taken for a key and stands as it is, else as a text or, where that could not be read
+        // back, as the 64 digits of its key.
+        require(secret.size() >= 64
+                || (keys.first().startsWith('"') ? meaning(keys.first()) == secret : keys.first().size() == 64));
+    }
+    std::remove(configFile);
+    if (service.changeWpaConfigfile2(name.constData(), secret.constData(), static_cast<int>(size % 4)) == 0) {
+        require(isOneNetwork() && meaning(valuesOf("ssid").first()) == name);
+    }
+    std::remove(configFile);
+    if (service.changeWpaConfigfile3(name.constData(), secret.constData()) == 0) {
+        require(isOneNetwork() && meaning(valuesOf("ssid").first()) == name);
+    }
+    return 0;
+}
