@@ -366,6 +366,8 @@ bool RaWifiManager::createListWindow(const char* exitMenuSignal, const char* exi
     connect(m_listWindow, SIGNAL(sendWifiSwitch(bool)), this, SLOT(recAPSwitch(bool)));
     connect(m_listWindow, SIGNAL(sendQuitListWnd()), this, SLOT(recQuitListWnd()));
     connect(m_listWindow, SIGNAL(sendWifiManageInfo(int,APData)), this, SLOT(receiveAPManageInfo(int,APData)));
+    // A message about the last attempt would cover the password page.
+    connect(m_listWindow, SIGNAL(signalItemClick(int)), this, SLOT(timeout()));
     // The last four have no slot here: they fail with the toolkit's warning, and are kept.
     connect(m_listWindow, SIGNAL(sendQuickMenu()), this, SLOT(receiveQuickMenu()));
     connect(m_listWindow, SIGNAL(sendClearAP(QString)), this, SLOT(clearAP(QString)));

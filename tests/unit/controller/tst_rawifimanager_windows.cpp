@@ -681,10 +681,11 @@ void TestRaWifiManagerWindows::aFailedAttemptAsksForThePasswordAnew()
     QVERIFY(waitForWorkers());
     QCOMPARE(page.state("Locked"), QByteArray("idle"));
     QVERIFY(page.takesTaps());
-    page->timeout();
 
+    QVERIFY(page.message()->isVisible());
     tap(page.row("Locked"));
     QVERIFY(page.isAskingForPassword());
+    QVERIFY(!page.message()->isVisible()); // it would cover the password page
     QVERIFY(!page.passwordPage()->findChild<QLineEdit*>()->text().contains(QLatin1String("wrong")));
     setScripts();
     page.enter("right password");
