@@ -7,6 +7,7 @@
 #include <csignal>
 #include <dlfcn.h>
 #include <mutex>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <time.h>
 #include <unistd.h>
@@ -54,8 +55,35 @@ QList<int>& sleepsOfThisThread()
     return t_sleeps;
 }
 
+thread_local int t_callersCancelState = -1; // -1 outside of the fakes
+
+/** The fakes' own C++ is no place to be cancelled at: only a wait and a real command in it are, as in a real command. */
+class Uninterrupted
+{
+public:
+    Uninterrupted() : m_callersBefore(t_callersCancelState)
+    {
+        pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &m_before);
+        if (t_callersCancelState == -1) {
+            t_callersCancelState = m_before;
+        }
+    }
+    ~Uninterrupted()
+    {
+        t_callersCancelState = m_callersBefore;
+        pthread_setcancelstate(m_before, nullptr);
+    }
+    Uninterrupted(const Uninterrupted&) = delete;
+    Uninterrupted& operator=(const Uninterrupted&) = delete;
+
+private:
+    int m_callersBefore;
+    int m_before = 0;
+};
+
 int runForReal(const QByteArray& command)
 {
+    const fakesystem::Interruptible interruptible;
     typedef int (*System)(const char*);
     static const System real = reinterpret_cast<System>(dlsym(RTLD_NEXT, "system"));
     return real(command.constData());
@@ -120,6 +148,7 @@ int runCommand(const QByteArray& command)
 
 void recordSleep(const timespec* duration)
 {
+    const Uninterrupted uninterrupted;
     const int milliseconds = static_cast<int>(duration->tv_sec * 1000 + duration->tv_nsec / 1000000);
     std::function<void(int)> hook;
     {
@@ -136,6 +165,20 @@ void recordSleep(const timespec* duration)
 } // namespace
 
 namespace fakesystem {
+
+Interruptible::Interruptible()
+{
+    if (t_callersCancelState != -1) {
+        pthread_setcancelstate(t_callersCancelState, &m_before);
+    }
+}
+
+Interruptible::~Interruptible()
+{
+    if (m_before != -1) {
+        pthread_setcancelstate(m_before, nullptr);
+    }
+}
 
 void reset()
 {
@@ -260,6 +303,7 @@ extern "C" {
 
 int system(const char* command)
 {
+    const Uninterrupted uninterrupted;
     return runCommand(command);
 }
 

@@ -16,6 +16,20 @@
  */
 namespace fakesystem {
 
+/** While it lives, a thread inside a fake can be cancelled if its caller could be. */
+class Interruptible
+{
+public:
+    Interruptible();
+    ~Interruptible();
+    Interruptible(const Interruptible&) = delete;
+    Interruptible& operator=(const Interruptible&) = delete;
+
+private:
+    int m_before = -1;
+};
+
+
 /** Forgets all commands, sleeps, scripts and counts. */
 void reset();
 

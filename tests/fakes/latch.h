@@ -3,6 +3,8 @@
 #ifndef RAWIFI_LATCH_H
 #define RAWIFI_LATCH_H
 
+#include "fakesystem.h"
+
 #include <cerrno>
 #include <memory>
 #include <pthread.h>
@@ -24,6 +26,7 @@ public:
 
     void wait()
     {
+        const fakesystem::Interruptible interruptible;
 #ifdef __SANITIZE_THREAD__
         // The sanitizer loses track of a thread that is cancelled inside one of the calls that it watches.
         while (sem_trywait(&m_semaphore->value) == -1) {
