@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "homepage.h"
 
+#include "linksymbol.h"
+
 #include <rawificontrol.h>
 
-#include <QFile>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -12,45 +14,75 @@
 
 namespace {
 
-const int lookMs = 1000; // how often the status files are looked at
+const int lookMs = 1000;  // how often the status files are looked at
+const int glideMs = 600;  // the switch has come to rest by then
 
-QString firstLine(const char* path)
+char addressFile[] = "/home/wifi/ipinfo.txt";
+
+QString linkAddress()
 {
-    QFile file(QString::fromLatin1(path));
-    return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readLine(64)).trimmed() : QString();
+    char address[16] = "";
+    return getIPInfoByfile(addressFile, address) == 0 ? QString::fromLatin1(address) : QString();
 }
 
-bool isLinked()
+// A name on the air is any 32 bytes; what cannot be seen must not be shown.
+QString linkName()
 {
-    return firstLine("/home/wifi/linkap.txt").toInt() >= 1;
+    APData joined;
+    GetCurApData(&joined);
+    QString name = QString::fromUtf8(joined.essid);
+    for (QChar& c : name) {
+        if (!c.isPrint() && !c.isSurrogate()) {
+            c = QChar::ReplacementCharacter;
+        }
+    }
+    return name;
+}
+
+QString inWords(const QByteArray& message)
+{
+    if (message == "linkend") {
+        return HomePage::tr("No link for now");
+    }
+    if (message == "linkstart") {
+        return HomePage::tr("A link is being set up");
+    }
+    if (message == "openwifi") {
+        return HomePage::tr("Wi-Fi has been opened");
+    }
+    if (message == "APLINKSTART") {
+        return HomePage::tr("The link is up");
+    }
+    if (message == "APLINKEND") {
+        return HomePage::tr("The link is down");
+    }
+    return QString::fromLocal8Bit(message);
 }
 
 } // namespace
 
 HomePage::HomePage(RaWifiManager* wifi)
-    : QWidget(nullptr), m_wifi(wifi), m_channel(QLatin1String("mainprocess"))
+    : QWidget(nullptr), m_wifi(wifi), m_channel(QLatin1String("mainprocess")), m_symbol(new LinkSymbol)
 {
-    setStyleSheet(QLatin1String("HomePage{background-color:#1e2129}"));
-    setAttribute(Qt::WA_StyledBackground);
+    // A palette, because a style sheet here would reach into the library's page.
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, QColor(0x1e, 0x21, 0x29));
+    setPalette(colours);
+    setAutoFillBackground(true);
 
     QVBoxLayout* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(24, 48, 24, 48);
-    layout->setSpacing(12);
-    addLabel(tr("Home"), 30, QLatin1String("white"));
+    layout->setContentsMargins(0, 14, 0, 48);
+    layout->setSpacing(8);
+    addLabel(18, QLatin1String("white"))->setText(tr("Home"));
     layout->addStretch();
-    m_link = addLabel(QString(), 22, QLatin1String("white"));
-    m_address = addLabel(QString(), 18, QLatin1String("#f88185"));
+    layout->addWidget(m_symbol, 0, Qt::AlignHCenter);
+    layout->addSpacing(16);
+    m_link = addLabel(24, QLatin1String("white"));
+    m_address = addLabel(16, QLatin1String("#9a9da6"));
     layout->addStretch();
-    m_heard = addLabel(QString(), 14, QLatin1String("gray"));
-
-    QPushButton* const open = new QPushButton(tr("Wi-Fi settings"));
-    open->setObjectName(QLatin1String("openWifi"));
-    open->setMinimumHeight(60);
-    open->setStyleSheet(QLatin1String("QPushButton{background-color:rgb(54,54,54);color:white;font-size:22px;"
-                                      "border:0px;border-radius:10px}"
-                                      "QPushButton:pressed{background-color:rgb(248,129,133)}"));
-    layout->addWidget(open);
-    connect(open, SIGNAL(clicked()), this, SLOT(openWifiPage()));
+    m_heard = addLabel(13, QLatin1String("#9a9da6"));
+    layout->addSpacing(8);
+    addWifiRow();
 
     m_wifi->setParent(this);
     m_wifi->hide();
@@ -60,18 +92,37 @@ HomePage::HomePage(RaWifiManager* wifi)
     QTimer* const look = new QTimer(this);
     connect(look, SIGNAL(timeout()), this, SLOT(showLink()));
     look->start(lookMs);
+    m_link->setText(tr("Not connected"));
     showLink();
 }
 
-QLabel* HomePage::addLabel(const QString& text, int pixelSize, const QString& colour)
+QLabel* HomePage::addLabel(int pixelSize, const QString& colour)
 {
-    QLabel* const label = new QLabel(text);
+    QLabel* const label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignCenter);
-    label->setWordWrap(true);
     label->setStyleSheet(QString::fromLatin1("font-size:%1px;color:%2").arg(QString::number(pixelSize), colour));
     layout()->addWidget(label);
     return label;
+}
+
+void HomePage::addWifiRow()
+{
+    QPushButton* const row = new QPushButton(tr("Wi-Fi settings"));
+    row->setFixedHeight(60);
+    row->setFocusPolicy(Qt::NoFocus);
+    row->setStyleSheet(QLatin1String("QPushButton{background-color:rgb(54,54,54);color:white;font-size:18px;"
+                                     "border:0px;text-align:left;padding-left:35px}"
+                                     "QPushButton:pressed{background-color:rgb(74,74,74)}"));
+    QLabel* const mark = new QLabel(QString(QChar(0x203a))); // a single angle that points to the right
+    mark->setStyleSheet(QLatin1String("font-size:28px;color:#f88185;background:transparent"));
+    mark->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QHBoxLayout* const right = new QHBoxLayout(row);
+    right->setContentsMargins(0, 0, 25, 4);
+    right->addStretch();
+    right->addWidget(mark);
+    layout()->addWidget(row);
+    connect(row, SIGNAL(clicked()), this, SLOT(openWifiPage()));
 }
 
 void HomePage::openWifiPage()
@@ -79,6 +130,9 @@ void HomePage::openWifiPage()
     m_wifi->setGeometry(rect());
     m_wifi->show();
     m_wifi->raise();
+    // The library's switch leaves the link as it is; that off means off is the host's to see to.
+    connect(m_wifi->findChild<RaWifiListWidget*>(), SIGNAL(sendWifiSwitch(bool)), this, SLOT(showLink()),
+            Qt::UniqueConnection);
 }
 
 void HomePage::closeWifiPage()
@@ -90,23 +144,48 @@ void HomePage::closeWifiPage()
 void HomePage::hear(const QString& message, const QByteArray& data)
 {
     if (message == QLatin1String("wifi(QString)")) {
-        m_heard->setText(tr("The Wi-Fi page says: %1").arg(QString::fromLocal8Bit(data)));
+        m_heard->setText(inWords(data));
     }
 }
 
 void HomePage::showLink()
 {
-    const bool linked = isLinked();
-    m_link->setText(linked ? tr("Connected") : tr("Not connected"));
-    m_address->setText(linked ? firstLine("/home/wifi/ipinfo.txt") : QString());
-    if (linked && !m_linked) {
-        // From now on the library watches the link.
-        if (RaWifiMonitor* const monitor = m_wifi->findChild<RaWifiMonitor*>()) {
-            monitor->setWifiConnectStatus(1, 1);
-        }
-    }
+    const bool linked = getIsConnect();
+    m_symbol->setLevel(linked ? getAPSignalValue() : 0);
+    m_address->setText(linked ? linkAddress() : QString());
     if (linked != m_linked) {
         m_linked = linked;
-        m_wifi->sendSAPMsgToMain(linked ? 1 : 0);
+        linkChanged();
     }
+    if (linked && !isWifiOn()) {
+        QTimer::singleShot(glideMs, this, SLOT(dropLinkIfOff()));
+    }
+}
+
+void HomePage::linkChanged()
+{
+    m_wifi->sendSAPMsgToMain(m_linked ? 1 : 0);
+    if (!m_linked) {
+        m_link->setText(tr("Not connected"));
+        return;
+    }
+    m_link->setText(m_link->fontMetrics().elidedText(linkName(), Qt::ElideRight, width() - 40));
+    // From now on the library watches the link.
+    if (RaWifiMonitor* const monitor = m_wifi->findChild<RaWifiMonitor*>()) {
+        monitor->setWifiConnectStatus(1, 1);
+    }
+}
+
+void HomePage::dropLinkIfOff()
+{
+    if (!isWifiOn()) {
+        m_wifi->closeWifi();
+        showLink();
+    }
+}
+
+bool HomePage::isWifiOn() const
+{
+    const RaSwitchListWidget* const wifiSwitch = m_wifi->findChild<RaSwitchListWidget*>();
+    return wifiSwitch && wifiSwitch->getChecked();
 }

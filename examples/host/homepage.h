@@ -6,6 +6,7 @@
 #include <QCopChannel>
 #include <QWidget>
 
+class LinkSymbol;
 class QLabel;
 class RaWifiManager;
 
@@ -22,12 +23,17 @@ private Q_SLOTS:
     void closeWifiPage();
     void hear(const QString& message, const QByteArray& data);
     void showLink();
+    void dropLinkIfOff();
 
 private:
-    QLabel* addLabel(const QString& text, int pixelSize, const QString& colour);
+    QLabel* addLabel(int pixelSize, const QString& colour);
+    void addWifiRow();
+    void linkChanged();
+    bool isWifiOn() const;
 
     RaWifiManager* m_wifi;
     QCopChannel m_channel;
+    LinkSymbol* m_symbol;
     QLabel* m_link;
     QLabel* m_address;
     QLabel* m_heard;
