@@ -13,6 +13,8 @@
 #include <QMouseEvent>
 #include <QStringList>
 #include <QWidget>
+#include <algorithm>
+#include <limits>
 #include <malloc.h>
 
 /** What the tests of drawn widgets share. */
@@ -105,6 +107,9 @@ inline int lightOf(const QImage& picture, const QRect& area, int (QColor::*part)
     return light;
 }
 
+/** Less than the smallest object for each of the 1000 times; the toolkit's caches come and go below it. */
+const long HeapNoise = 48 * 1024;
+
 /** By how many bytes the heap grows while \a work runs 1000 times, after 50 times for what is kept for good.
  */
 template<typename Work>
@@ -119,15 +124,18 @@ long heapGrowth(Work work)
     long growth = 0;
     capturedOutput(stderr, [&] {
         repeat(50);
-        const size_t before = mallinfo2().uordblks;
-        repeat(1000);
-        growth = static_cast<long>(mallinfo2().uordblks) - static_cast<long>(before);
+        growth = std::numeric_limits<long>::max();
+        for (int round = 0; round < 3; ++round) { // a cache of the toolkit grows now and then, a leak every time
+            const size_t before = mallinfo2().uordblks;
+            repeat(1000);
+            growth = std::min(growth, static_cast<long>(mallinfo2().uordblks) - static_cast<long>(before));
+            if (growth < HeapNoise) {
+                break;
+            }
+        }
     });
     return growth;
 }
-
-/** Less than the smallest object for each of the 1000 times; the toolkit's caches come and go below it. */
-const long HeapNoise = 48 * 1024;
 
 } // namespace widgettest
 
