@@ -36,11 +36,6 @@ awk '$1 == "time" {
     printf "join: for comparison, a bare supplicant and DHCP client need 4430 ms, 740 ms when told the channel\n"
 }' "$log"
 
-awk '$1 == "ticks" {
-    printf "GUI thread: silent for at most %.1f ms during a scan, %.1f ms during a join (limit 50)\n", $3, $5
-    printf "GUI thread: longest drawing %.1f ms by the emulated processor\n", $7
-}' "$log"
-
 passed=$(grep -c '^ok ' "$log")
 failed=$(grep -c '^FAIL ' "$log")
 echo "$passed passed, $failed failed"

@@ -11,6 +11,7 @@ PICTURES  directory for a picture of each step and tour.webp (default out/tour)
 """
 
 import pathlib
+import re
 import shutil
 import sys
 import tempfile
@@ -24,6 +25,7 @@ from touch.accesspoints import access_point
 TARGET = access_point("workshop")
 WRONG_PASSWORD = "sesame99"
 POWER_ON_SECONDS = 200
+TICKS = TREE / "build/qt6/tests/libticks.so"
 
 
 class Tour:
@@ -49,7 +51,7 @@ class Tour:
     def _power_on(self, disk, story):
         with Device(self._library, disk, POWER_ON_SECONDS) as device:
             self._album.look_at(device)
-            device.start("rawifihost")
+            device.start("rawifihost", TICKS)
             try:
                 story(device, WifiPage(device, self._album))
             except AssertionError:
@@ -62,6 +64,12 @@ class Tour:
         self._step += 1
         shown = self._album.step(f"{self._step:02}-{name.replace(' ', '-')}")
         self._checks.check(f"seen: {name}", shown)
+
+    def _tell_silence(self, device, what, since):
+        """The GUI thread's, since a position in the log."""
+        silences = re.findall(r"ticks: silent for ([0-9.]+) ms", device.log()[since:])
+        longest = max(map(float, silences), default=0)
+        print(f"GUI thread: silent for at most {longest:.1f} ms during {what} (limit 50)", flush=True)
 
     def _check_joined(self, device, network):
         check = self._checks.check
@@ -82,6 +90,7 @@ class Tour:
         self._see("looking for networks")
         page.wait_for(r"nCount= [1-9]", before, 40)
         self._see("networks")
+        self._tell_silence(device, "a scan", before)
         rows = page.rows()
         check("the list holds every network that shows its name", "Home" in rows and TARGET.name in rows)
 
@@ -106,7 +115,10 @@ class Tour:
         before = page.tap(OK)
         page.wait_for(r"\.\.\.result = 0", before, 60)
         self._see("joined")
+        self._tell_silence(device, "a join", before)
         self._check_joined(device, TARGET)
+        *_, drawing = re.findall(r"ticks: drew for ([0-9.]+) ms", device.log())
+        print(f"GUI thread: longest drawing {drawing} ms by the emulated processor", flush=True)
         page.tap(BACK)
         page.wait_for_link_at_home()
         self._see("home page with the link")

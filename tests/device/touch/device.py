@@ -135,11 +135,12 @@ class Device:
         """Whether a command succeeds."""
         return self.ask(command, seconds)[0] == 0
 
-    def start(self, program):
-        """Starts a program on the screen; what it writes is the log."""
+    def start(self, program, preloaded=""):
+        """Starts a program on the screen, with a library put in front; what it writes is the log."""
         self._log = ""
         self._log_bytes = 0
-        self.sh(f"on-screen {shlex.quote(program)} >/run/log 2>&1 & echo $! >/run/program")
+        preload = shlex.quote(f"LD_PRELOAD={preloaded}")
+        self.sh(f"on-screen env {preload} {shlex.quote(program)} >/run/log 2>&1 & echo $! >/run/program")
 
     def stop(self):
         """Ends the program that was started last, if any, and clears the screen."""
