@@ -162,6 +162,7 @@ int RaWifiManager::openWifi(int)
 {
     storeFlag(g_isAutoCloseWifi, 1);
     checkAPSeriveAndMonitor();
+    runUnlessOutdated([this] { m_isSwitchedOff = false; });
     m_gui->run([this] { checkAPListWnd(); });
     if (getIsConnect()) {
         RA_DEBUG("getIsConnect = true");
@@ -199,6 +200,7 @@ int RaWifiManager::recAPSwitch(bool ison)
     }
     sendAPSleep(0);
     m_switchOn = ison;
+    m_isSwitchedOff = !ison;
     if (m_listWindow) {
         m_listWindow->setWifiSwitch(ison);
     }
@@ -218,6 +220,7 @@ int RaWifiManager::closeWifi()
     }
     m_connected = false;
     m_switchOn = false;
+    m_isSwitchedOff = true;
     m_selectedMac.clear();
     if (m_listWindow) {
         m_listWindow->setWifiSwitch(false);
@@ -417,6 +420,9 @@ void RaWifiManager::recRefreshList()
     if (m_listWindow) {
         m_listWindow->showRefreshListData();
         m_listWindow->show();
+        if (m_isSwitchedOff) { // while the end of a scan was on its way
+            m_listWindow->setWifiSwitch(false);
+        }
     }
 }
 

@@ -130,6 +130,7 @@ private:
 
     QTimer* m_timer = nullptr;
     bool m_switchOn = false;
+    bool m_isSwitchedOff = false; ///< since Wi-Fi was opened last; not so before the first time
     bool m_connected = false;
     QString m_selectedMac;
     QString m_localMac;

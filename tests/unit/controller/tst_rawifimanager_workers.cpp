@@ -119,6 +119,8 @@ private Q_SLOTS:
     void ofTwoJoinsAtOnceTheLaterCounts();
     void aScanDuringAJoinReleasesTheList();
     void aLinkFoundAfterSwitchingOffDoesNotSwitchOn();
+    void aRefreshOnItsWayShowsNoRowsAfterSwitchingOff_data();
+    void aRefreshOnItsWayShowsNoRowsAfterSwitchingOff();
     void aScanThatEndsAfterSwitchingOffIsNotShown_data();
     void aScanThatEndsAfterSwitchingOffIsNotShown();
 
@@ -557,6 +559,31 @@ void TestRaWifiManagerWorkers::aLinkFoundAfterSwitchingOffDoesNotSwitchOn()
     QVERIFY(waitForWorkers());
     QVERIFY(!page.isSwitchOn());
     QCOMPARE(static_cast<int>(refreshes.size()), 0);
+}
+
+void TestRaWifiManagerWorkers::aRefreshOnItsWayShowsNoRowsAfterSwitchingOff_data()
+{
+    QTest::addColumn<bool>("byTheSwitch");
+    QTest::newRow("by the switch") << true;
+    QTest::newRow("by the host") << false;
+}
+
+void TestRaWifiManagerWorkers::aRefreshOnItsWayShowsNoRowsAfterSwitchingOff()
+{
+    QFETCH(bool, byTheSwitch);
+    Page page;
+    page->show();
+    setScan(air());
+    connect(page.get(), &RaWifiManager::sendRefreshList, page.get(), [&] {
+        QMetaObject::invokeMethod(page.get(), "recRefreshList", Qt::QueuedConnection); // as a worker's comes
+        byTheSwitch ? page->recAPSwitch(false) : page->closeWifi();
+    });
+    QVERIFY(scan(page));
+    QCoreApplication::processEvents();
+    QVERIFY(page.rows().isEmpty());
+    QVERIFY(!page.isSwitchOn());
+    page->sendRefreshList();
+    QVERIFY(page.rows().isEmpty());
 }
 
 void TestRaWifiManagerWorkers::aScanThatEndsAfterSwitchingOffIsNotShown_data()
