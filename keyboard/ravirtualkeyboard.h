@@ -26,10 +26,10 @@ class RAWIFI_EXPORT RaVirtualKeyboard : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RaVirtualKeyboard(QWidget* parent);
+    explicit RaVirtualKeyboard(QWidget* parent); ///< On the letter page, in small letters.
     ~RaVirtualKeyboard() override;
 
-    void init();
+    void init(); ///< init1() and init2(); the constructor's.
     /** Gives every key its type, look and connections. */
     void init1();
     /** Builds the tables of key texts. */
@@ -75,7 +75,7 @@ public Q_SLOTS:
     void recKeyClicked(const QString& strValue);
     /** Shows the keyboard for the line edit named \a recObjName, whose text is \a curText. */
     void show(const QString& curText, const QString& recObjName);
-    void show();
+    void show(); ///< Shows the keyboard for the line edit that it was shown for last.
     /** Ends the time after a drag in which no key acts. */
     void updatePressStatus();
 

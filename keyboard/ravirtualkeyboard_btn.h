@@ -26,8 +26,10 @@ public:
     /** The one that all keys wear: made on first use, owned by the application object. */
     static RaVirtualKeyboard_ProxyStyle* shared();
 
+    /** Draws everything but the focus frame. */
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget = nullptr) const override;
+    /** 0 for the text cursor's width, else the application's style's. */
     int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
                     const QWidget* widget = nullptr) const override;
 };
@@ -37,12 +39,12 @@ class RAWIFI_EXPORT RairtualKeyboard_Lb : public QLabel
 {
     Q_OBJECT
 public:
-    explicit RairtualKeyboard_Lb(QWidget* parent);
+    explicit RairtualKeyboard_Lb(QWidget* parent); ///< Empty, owned by \a parent.
 
-    void setText(const QString& text);
+    void setText(const QString& text); ///< Hides QLabel's.
 
 public Q_SLOTS:
-    void clear();
+    void clear(); ///< Sets the empty text.
 
 private:
     Q_DISABLE_COPY(RairtualKeyboard_Lb)
@@ -58,7 +60,7 @@ class RAWIFI_EXPORT RaVirtualKeyboard_Btn : public QPushButton
 {
     Q_OBJECT
 public:
-    explicit RaVirtualKeyboard_Btn(QWidget* parent);
+    explicit RaVirtualKeyboard_Btn(QWidget* parent); ///< A text key without a text, owned by \a parent.
 
     /** Sets the key text; it is shown as it stands, "&&" as "&", on a text key and on no other. */
     void setText(const QString& text);
@@ -83,12 +85,12 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    void clicked(const QString& text);
+    void clicked(const QString& text); ///< \a text is the key text.
 
 public Q_SLOTS:
     /** Ends the guard against a double click. */
     void updatePressStatus();
-    void pressOnSlot();
+    void pressOnSlot(); ///< Notes a long press; nothing acts on it.
 
 protected:
     bool event(QEvent* event) override;

@@ -24,10 +24,10 @@ class RAWIFI_EXPORT QCopChannel : public QObject
 {
     Q_OBJECT
 public:
-    explicit QCopChannel(const QString& channel, QObject* parent = nullptr);
+    explicit QCopChannel(const QString& channel, QObject* parent = nullptr); ///< Hears \a channel from now on.
     ~QCopChannel() override;
 
-    QString channel() const;
+    QString channel() const; ///< The name it was made with.
 
     /** Called for each message; emits received(). Reimplement to take messages without a connection. */
     virtual void receive(const QString& msg, const QByteArray& data);
@@ -37,13 +37,13 @@ public:
 
     /** Sends a message; true unless there is no application object. A channel without receivers is no error. */
     static bool send(const QString& channel, const QString& msg);
-    static bool send(const QString& channel, const QString& msg, const QByteArray& data);
+    static bool send(const QString& channel, const QString& msg, const QByteArray& data); ///< The same, with data.
 
     /** Returns once the bus has taken all that was sent; false when there is no application object. */
     static bool flush();
 
 Q_SIGNALS:
-    void received(const QString& msg, const QByteArray& data);
+    void received(const QString& msg, const QByteArray& data); ///< A message has come, on the object's thread.
 
 private:
     Q_DISABLE_COPY(QCopChannel)

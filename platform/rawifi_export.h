@@ -3,8 +3,8 @@
 #ifndef RAWIFI_EXPORT_H
 #define RAWIFI_EXPORT_H
 
-// Everything is compiled with hidden visibility; RAWIFI_EXPORT marks what the shared library offers.
-// RAWIFI_STATIC: built or used as a static library.
+/** \def RAWIFI_EXPORT
+ * Everything is compiled with hidden visibility; this marks what the library offers. Empty with RAWIFI_STATIC. */
 #if defined(RAWIFI_STATIC)
 #    define RAWIFI_EXPORT
 #else

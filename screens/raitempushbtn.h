@@ -18,7 +18,7 @@ class RAWIFI_EXPORT RaItemPushBtn : public QPushButton
 {
     Q_OBJECT
 public:
-    explicit RaItemPushBtn(QWidget* parent = nullptr);
+    explicit RaItemPushBtn(QWidget* parent = nullptr); ///< A row of no network yet.
 
     /** Copies \a data (null is ignored) and takes its name; \a index is the row's place in the list. */
     void addItemData(APData* data, int index);
@@ -36,7 +36,7 @@ public:
 
     /** -1 before addItemData(). */
     int getPushBtnIndex() const;
-    APData getItemData() const;
+    APData getItemData() const; ///< A copy of the record, its password included.
     /** The name: every character fit to be painted. */
     QString getText() const;
     /** Gives the row another name; a text type shows it as the button's own text, too. */
@@ -50,7 +50,7 @@ public:
     void cancelPress();
 
 Q_SIGNALS:
-    void clicked(APData data, int index);
+    void clicked(APData data, int index); ///< The row was tapped.
 
 public Q_SLOTS:
     /** Ends the look that a tap leaves for a moment. */

@@ -14,7 +14,7 @@ class RAWIFI_EXPORT RaListItemWidget : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RaListItemWidget(QWidget* parent = nullptr);
+    explicit RaListItemWidget(QWidget* parent = nullptr); ///< 320 by 60 pixels, without a name.
 
     /** Takes name and signal of \a data (null is ignored); \a index is what a tap reports. */
     void addItemData(APData* data, int index);
@@ -22,7 +22,7 @@ public:
     QString getImageData(bool locked, int level) const;
 
 Q_SIGNALS:
-    void itemClick(int index);
+    void itemClick(int index); ///< A press was released inside the row.
 
 protected:
     void paintEvent(QPaintEvent* event) override;

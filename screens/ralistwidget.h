@@ -40,15 +40,14 @@ public:
     /** The item of getSelectIndex(). */
     QWidget* currentItem() const;
 
-    /** Both are the switch row's. */
-    void setSwitchPos(int pos);
-    void setIsHideMsg(bool hidden);
+    void setSwitchPos(int pos);     ///< The switch row's.
+    void setIsHideMsg(bool hidden); ///< The switch row's: whether it says "Discovering...".
     /** Puts the switch where the state is, knob and all, and reports nothing. */
     void setWifiSwitch(bool on);
 
     /** The kind of page that the list is on; a number that the list only keeps. */
     void setSetting(int setting);
-    int getSetting() const;
+    int getSetting() const; ///< The number of setSetting().
 
     /** Whether taps reach the rows. They do at first. */
     void setPassThrough(bool passThrough);
@@ -61,7 +60,7 @@ public:
     /** Shows no row as joining or joined. */
     void clearLinKAP();
 
-    int rowCount() const;
+    int rowCount() const; ///< Rows of networks; the switch is none.
     /** The record that the row \a index shows; 0 <= index < rowCount(). */
     APData rowData(int index) const;
     /** Height in pixels that the switch row and all rows take. */
@@ -71,15 +70,15 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    void itemClick(int index);
-    void checkedChanged(bool checked);
+    void itemClick(int index);         ///< The row \a index was tapped.
+    void checkedChanged(bool checked); ///< The Wi-Fi switch was worked.
     /** One step of a drag: \a isUP for a finger that moves down the screen, and the signed way in pixels. */
     void sendMoveStep(bool isUP, int moveValue);
-    void sendSelectItemByList(APData data);
+    void sendSelectItemByList(APData data); ///< The network whose row was tapped.
 
 public Q_SLOTS:
-    void recSwitchChanged(bool checked);
-    void recItemBtnclicked(APData data, int index);
+    void recSwitchChanged(bool checked);            ///< Passes the switch on as checkedChanged().
+    void recItemBtnclicked(APData data, int index); ///< Passes a tap on as the two signals.
     /** The rest after a long drag is over. */
     void updatePressStatus();
 

@@ -16,7 +16,7 @@ class RAWIFI_EXPORT raPsWdLineEdit : public QLineEdit
 {
     Q_OBJECT
 public:
-    explicit raPsWdLineEdit(QWidget* parent = nullptr);
+    explicit raPsWdLineEdit(QWidget* parent = nullptr); ///< Without a placeholder, owned by \a parent.
 
     /** Sets the placeholder, and shows it if the field is empty or shows the one before. */
     void setplaceholdertext(const QString& text);

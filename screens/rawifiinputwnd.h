@@ -25,7 +25,7 @@ class RAWIFI_EXPORT RaWifiInputWnd : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RaWifiInputWnd(QWidget* parent = nullptr);
+    explicit RaWifiInputWnd(QWidget* parent = nullptr); ///< Asks for no network yet.
 
     /** The network to ask for; its own password is not shown. */
     void setAPData(APData data);
@@ -37,23 +37,23 @@ public:
 Q_SIGNALS:
     /** The record of setAPData() with the typed password. */
     void sendWifiInputOkMsg(APData data);
-    void sendWifiInputCancelMsg();
+    void sendWifiInputCancelMsg(); ///< Left without a password.
 
 public Q_SLOTS:
-    void onOkClicked();
-    void onCancelClicked();
+    void onOkClicked();     ///< Sends the record, or shows a tip when the text cannot be its password.
+    void onCancelClicked(); ///< Emits sendWifiInputCancelMsg().
     /** Changes between a readable and a masked password. */
     void pwdSelectChanged();
     /** Moves the keyboard with the finger, within the page. */
     void recKeyboardMoveStep(bool isUP, int moveValue);
     /** Inserts \a text at the cursor, or for "BS" removes the character before it. */
     void setTextSlot(QString text, QString objName);
-    void recKeyboardNumber();
-    void recKeyboardSymbol();
-    void recKeyboardCharacter();
-    void PwTxtEdited(QString text);
-    void PwTxtChanged(QString text);
-    void hideTips();
+    void recKeyboardNumber();        ///< The keyboard shows digits.
+    void recKeyboardSymbol();        ///< The keyboard shows symbols.
+    void recKeyboardCharacter();     ///< The keyboard shows letters.
+    void PwTxtEdited(QString text);  ///< Shows the placeholder where \a text is empty.
+    void PwTxtChanged(QString text); ///< Hides the tip, which was about the text before.
+    void hideTips();                 ///< Hides the tip.
 
 protected:
     void showEvent(QShowEvent* event) override;

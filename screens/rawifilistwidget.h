@@ -36,7 +36,7 @@ public:
     // The constructor has called these; a repeat builds nothing.
     /** Builds the page and sets \a type, the kind of page, which a repeat sets as well. */
     void createUI(QString title, int type, QString mac);
-    void createTitleBar();
+    void createTitleBar(); ///< Makes the title.
     /** Makes the list with its switch. */
     void createWifiSwitch();
 
@@ -77,25 +77,25 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    void signalShowWifiList();
-    void signalItemClick(int index);
-    void sendWifiSwitch(bool isOn);
-    void sendQuitListWnd();
+    void signalShowWifiList();       ///< The configuration was asked for, on a page of kind 100.
+    void signalItemClick(int index); ///< The row \a index was tapped.
+    void sendWifiSwitch(bool isOn);  ///< The user has worked the switch.
+    void sendQuitListWnd();          ///< The user leaves the page.
     /** Join \a apinfo, with the password that it carries; \a msgid is 3. */
     void sendWifiManageInfo(int msgid, APData apinfo);
 
 public Q_SLOTS:
-    void slotQuit();
-    void showBackButton(bool flag);
-    void slotShowConfigWnd();
-    void slotListItemClick(int index);
-    void addListItem(QVector<RaItemData> items);
-    void resetItemData(QVector<RaItemData> items);
-    void recCheckChanged(bool isCheck);
-    void recMoveStep(bool isUP, int moveValue);
-    void recSelectItemByList(APData data);
-    void recWifiInputCancelMsg();
-    void recWifiInputOkMsg(APData data);
+    void slotQuit();                             ///< Emits sendQuitListWnd(), then shows the window of setPrevWidget().
+    void showBackButton(bool flag);              ///< Without the back mark only keys leave the page.
+    void slotShowConfigWnd();                    ///< Emits signalShowWifiList() on a page of kind 100.
+    void slotListItemClick(int index);           ///< Emits signalItemClick().
+    void addListItem(QVector<RaItemData> items); ///< Keeps \a items and shows none of them.
+    void resetItemData(QVector<RaItemData> items); ///< Only logs how many.
+    void recCheckChanged(bool isCheck);            ///< The list's switch was worked.
+    void recMoveStep(bool isUP, int moveValue);    ///< Scrolls by \a moveValue pixels; see the list's sendMoveStep().
+    void recSelectItemByList(APData data);         ///< Joins \a data, or asks for its password first.
+    void recWifiInputCancelMsg();                  ///< Leaves the password page.
+    void recWifiInputOkMsg(APData data);           ///< Leaves the password page and joins \a data.
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -12,7 +12,7 @@ class RAWIFI_EXPORT RaBaseWidget : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RaBaseWidget(QWidget* parent = nullptr);
+    explicit RaBaseWidget(QWidget* parent = nullptr); ///< Owned by \a parent, if any.
     ~RaBaseWidget() override;
 
     /** The page's Up key was pressed. Does nothing here. */

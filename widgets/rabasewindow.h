@@ -39,7 +39,7 @@ public:
      */
     virtual void createUI(QString title, int type, QString ignored);
 
-    void showBackButton(bool shown);
+    void showBackButton(bool shown); ///< Of a page that has been built.
 
 public Q_SLOTS:
     /** Closes the page. */

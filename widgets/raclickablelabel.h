@@ -15,11 +15,11 @@ class RAWIFI_EXPORT RaClickableLabel : public QLabel
 {
     Q_OBJECT
 public:
-    explicit RaClickableLabel(QWidget* parent = nullptr);
+    explicit RaClickableLabel(QWidget* parent = nullptr); ///< An empty label, owned by \a parent.
     ~RaClickableLabel() override;
 
 Q_SIGNALS:
-    void clicked();
+    void clicked(); ///< Released, or worked by a key.
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

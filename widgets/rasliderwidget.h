@@ -33,7 +33,7 @@ public:
     /** The user has chosen \a level. Only logs it here. */
     virtual void saveConfig(int level);
 
-    int getLevel() const { return m_level; }
+    int getLevel() const { return m_level; } ///< 0..getLevelCount()
     /** The highest level. */
     int getLevelCount() const { return m_levels; }
     /** Shows \a level, brought into 0..getLevelCount(), without saveConfig(): for a level that the host has

@@ -46,23 +46,23 @@ public:
         ButtonStyle_Slim = 2   ///< a round knob on a slim track
     };
 
-    explicit RaSwitchButton(QWidget* parent = nullptr);
+    explicit RaSwitchButton(QWidget* parent = nullptr); ///< Off, in light colours and without texts.
     ~RaSwitchButton() override;
 
-    bool getChecked() const;
-    ButtonStyle getButtonStyle() const;
-    QColor getBgColorOff() const;
-    QColor getBgColorOn() const;
-    QColor getSliderColorOff() const;
-    QColor getSliderColorOn() const;
-    QColor getTextColorOff() const;
-    QColor getTextColorOn() const;
-    QString getTextOff() const;
-    QString getTextOn() const;
-    QString getImageOff() const;
-    QString getImageOn() const;
-    int getSpace() const;
-    int getRectRadius() const;
+    bool getChecked() const;            ///< Whether it is on; at first it is off.
+    ButtonStyle getButtonStyle() const; ///< ButtonStyle_Rect at first.
+    QColor getBgColorOff() const;       ///< Of the track; rgb(225,225,225) at first.
+    QColor getBgColorOn() const;        ///< Of the track; rgb(250,250,250) at first.
+    QColor getSliderColorOff() const;   ///< Of the knob; rgb(100,100,100) at first.
+    QColor getSliderColorOn() const;    ///< Of the knob; rgb(100,184,255) at first.
+    QColor getTextColorOff() const;     ///< White at first.
+    QColor getTextColorOn() const;      ///< rgb(10,10,10) at first.
+    QString getTextOff() const;         ///< Empty at first.
+    QString getTextOn() const;          ///< Empty at first.
+    QString getImageOff() const;        ///< A path; ":/image/btncheckoff1.png" at first.
+    QString getImageOn() const;         ///< A path; ":/image/btncheckon1.png" at first.
+    int getSpace() const;               ///< Pixels; 2 at first.
+    int getRectRadius() const;          ///< Pixels; 5 at first.
 
     QSize sizeHint() const override;
 
@@ -73,12 +73,12 @@ Q_SIGNALS:
 public Q_SLOTS:
     /** Changes state and colours; the knob stays where it is until the next tap or resize. */
     void setChecked(bool checked);
-    void setButtonStyle(ButtonStyle buttonStyle);
-    void setBgColor(QColor bgColorOff, QColor bgColorOn);
-    void setSliderColor(QColor sliderColorOff, QColor sliderColorOn);
-    void setTextColor(QColor textColorOff, QColor textColorOn);
-    void setText(QString textOff, QString textOn);
-    void setImage(QString imageOff, QString imageOn);
+    void setButtonStyle(ButtonStyle buttonStyle);                     ///< The knob stays until the next tap.
+    void setBgColor(QColor bgColorOff, QColor bgColorOn);             ///< The track's.
+    void setSliderColor(QColor sliderColorOff, QColor sliderColorOn); ///< The knob's.
+    void setTextColor(QColor textColorOff, QColor textColorOn);       ///< The switch's own texts'.
+    void setText(QString textOff, QString textOn);                    ///< On the switch itself, beside the knob.
+    void setImage(QString imageOff, QString imageOn);                 ///< Paths; shown where there is no text.
     /** Distance in pixels between the knob and the edge of its track. */
     void setSpace(int space);
     /** Radius in pixels of the corners of ButtonStyle_Rect. */

@@ -18,7 +18,7 @@ class RAWIFI_EXPORT RaSwitchWidget : public RaBaseWidget
 {
     Q_OBJECT
 public:
-    RaSwitchWidget(QWidget* parent, QString text1, QString text2);
+    RaSwitchWidget(QWidget* parent, QString text1, QString text2); ///< Owned by \a parent; the switch is off.
     ~RaSwitchWidget() override;
 
     /** Does nothing. */

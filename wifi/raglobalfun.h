@@ -10,13 +10,13 @@
 #include <QString>
 #include <cstdio>
 
-// Status files, scan line fields and messages to the host: free functions without state, for any thread.
-// Files are read only where they are regular files; over-long lines and fields are cut.
-// Unless said otherwise: 0 success, -1 missing file or null argument, -2 invalid argument, -3 empty answer,
-// -4 file could not be opened.
+/// \file
+/// Status files, scan line fields and messages to the host: free functions without state, for any thread. Files are
+/// read only where they are regular files; over-long lines and fields are cut. Unless said otherwise: 0 success, -1
+/// missing file or null argument, -2 invalid argument, -3 empty answer, -4 file could not be opened.
 
-// --- Files -----------------------------------------------------------------------------------------------
-
+/** \name Files */
+///@{
 /** Whether stat(2) succeeds; false for null. */
 RAWIFI_EXPORT bool fileIsExisting(const char* path);
 
@@ -55,12 +55,12 @@ RAWIFI_EXPORT int getDefaultGw(char* ip, char* gw);
 
 /** Do nothing and return 0. */
 RAWIFI_EXPORT int getinterface(char* out);
-RAWIFI_EXPORT int getrouteStatusInfo(char* out);
-
-// --- Fields of a scan line -------------------------------------------------------------------------------
-// All take a line, the index to start at and a zero-filled output buffer of at least 256 bytes, and return the
-// index at which the next field starts; -1 for null, -2 for a negative index.
-
+RAWIFI_EXPORT int getrouteStatusInfo(char* out); ///< The same.
+///@}
+/** \name Fields of a scan line
+ * All take a line, the index to start at and a zero-filled output buffer of at least 256 bytes, and return the
+ * index at which the next field starts; -1 for null, -2 for a negative index. */
+///@{
 /** Collects decimal digits; after the first digit, \a sep ends the field and anything else is skipped. */
 RAWIFI_EXPORT int getDefineIntValue(char* line, int pos, char* out, char sep);
 
@@ -84,9 +84,9 @@ RAWIFI_EXPORT int getkeymgmtByEncryValue(int kind, char* out);
 
 /** Signal level 1 to 4 of a signal quality: below 16, below 31, below 46, above. \a levels is not used. */
 RAWIFI_EXPORT int calculateSignalLevel(int value, int levels);
-
-// --- The link and the current access point ---------------------------------------------------------------
-
+///@}
+/** \name The link and the current access point */
+///@{
 /** Reads a supplicant status file (key=value lines) into \a ap; fields without a line keep their content. */
 RAWIFI_EXPORT int getConnectStatusInfo(char* path, APData* ap);
 
@@ -116,9 +116,9 @@ RAWIFI_EXPORT void GetCurApData(APData* out);
  * and gives the length that it looked at last, so the result can be a little too wide. GUI or worker thread.
  */
 RAWIFI_EXPORT QString crop_string(QFont const& font, QString const& text, int width, QString const& tail);
-
-// --- Messages to the host: channel "mainprocess", message "wifi(QString)", the text's bytes alone ---------
-
+///@}
+/** \name Messages to the host: channel "mainprocess", message "wifi(QString)", the text's bytes alone */
+///@{
 /** Sends "linkstart" for a non-zero \a status, else "linkend". */
 RAWIFI_EXPORT void sendAPSleep(int status);
 
@@ -127,5 +127,5 @@ RAWIFI_EXPORT int sendOpenWifiToMain();
 
 /** Writes 1 or 0 to /home/wifi/linkap.txt and flushes the file systems. */
 RAWIFI_EXPORT void SendAPStatusToOther(bool linked);
-
+///@}
 #endif

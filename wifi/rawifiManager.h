@@ -31,7 +31,7 @@ class RAWIFI_EXPORT RaWifiManager : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RaWifiManager(QWidget* parent);
+    explicit RaWifiManager(QWidget* parent); ///< For instance(); a host has no manager but that one.
     /** Ends a worker that still runs. */
     ~RaWifiManager() override;
 
@@ -42,19 +42,19 @@ public:
     /** The host's application object; to be set after the first instance(). Null is ignored. */
     static void setMainAppObj(QApplication* application);
 
-    // --- Wi-Fi as a whole ----------------------------------------------------------------------------------
-
+    /** \name Wi-Fi as a whole */
+    ///@{
     /** Brings Wi-Fi up and scans; blocks for seconds. 0 after a scan, -1 when a link was already up. Any one thread. */
     int openWifi(int ignored);
     /** Drops the link and switches the page off. Returns 1. */
     int closeWifi();
     /** Makes service and monitor where missing, and fetches the device's own MAC address. Returns 0. */
     int checkAPSeriveAndMonitor();
-    void Init();
-
-    // --- Scanning and joining ------------------------------------------------------------------------------
-
-    int startScan();
+    void Init(); ///< The constructor's: makes /home/wifi anew (mode 777), so that no old status is left in it.
+    ///@}
+    /** \name Scanning and joining */
+    ///@{
+    int startScan(); ///< The service's getAPListByScan(), on the calling thread.
     /** Joins a network and blocks meanwhile: the service's result, 0 for joined. Worker thread. */
     int connectUserSelectAP(const char* macAddr, int encry, const char* essid, const char* psk, int sigquality,
                             int authMode, int keyIndex);
@@ -71,46 +71,47 @@ public:
     void SetSuccessFlag(APData* joined);
     /** Emits sendRefreshList(). Any thread. */
     int callSendRefreshList();
-
-    // --- Windows -------------------------------------------------------------------------------------------
-
+    ///@}
+    /** \name Windows */
+    ///@{
     /** Make the list window where it is missing. */
     void showAPListWnd();
-    void checkAPListWnd();
+    void checkAPListWnd(); ///< The same, without a log line of its own.
     /** Fills the list window's data, by a scan on this thread or from the last one. */
     void loadAPListWnd(bool scan);
 
     /** Tells the host "APLINKSTART" (not 0) or "APLINKEND", unless \a status is the last one told. Returns 1. */
     int sendSAPMsgToMain(int status);
-
+    ///@}
 Q_SIGNALS:
-    void sendCmdScanAP();
+    void sendCmdScanAP(); ///< A host emits it; recCmdScanAP() is connected.
     /** The user has left the page. */
     void backPressed();
-    void signalShowWifiList();
-    int sendWifiOpen(bool isStatus);
-    void sendRefreshList();
+    void signalShowWifiList();       ///< Never emitted.
+    int sendWifiOpen(bool isStatus); ///< Never emitted.
+    void sendRefreshList();          ///< A scan has ended. Emitted on the scan worker.
 
 public Q_SLOTS:
-    void timeout();
-    int recCmdScanAP();
+    void timeout();     ///< Hides the message and shows the list window.
+    int recCmdScanAP(); ///< Scans and blocks for it. Returns getAPListByScan()'s result.
     /** The on/off switch; starts a scan when switched on. A repeat of the current state is ignored. Returns 0. */
     int recAPSwitch(bool ison);
-    void recTest(bool ison);
-    int recOpenWifi(bool);
-    void recRefreshList();
-    void recQuitListWnd();
+    void recTest(bool ison); ///< Only logs.
+    int recOpenWifi(bool);   ///< openWifi(), and blocks as that does.
+    void recRefreshList();   ///< Shows the list window with what the last scan has found.
+    void recQuitListWnd();   ///< Hides the list window; emits backPressed().
     /** Joins \a apinfo on a worker; \a msgid 3 marks its row as joining. */
     void receiveAPManageInfo(int msgid, APData apinfo);
+    /** The service's sendListWndInfo(): a failure is shown for 10 s over the list. */
     void recShowInfo(int index, QString ssid, QString msginfo, int errflag);
-    void recServiceStatusMsg(QString msginfo, bool isend);
-    void itemClickSlot(int);
-    void mouseMoveSlot();
-    void slotConfigWifi();
-    void slotDiscoveryFinished();
-    void slotWifiSelected(int idx);
-    void slotWifiErr();
-    int setListWndData();
+    void recServiceStatusMsg(QString msginfo, bool isend); ///< "SUCCESS" is timeout(); the rest is logged.
+    void itemClickSlot(int);                               ///< Only logs.
+    void mouseMoveSlot();                                  ///< Only logs.
+    void slotConfigWifi();                                 ///< Only logs.
+    void slotDiscoveryFinished();                          ///< Only logs.
+    void slotWifiSelected(int idx);                        ///< Only logs.
+    void slotWifiErr();                                    ///< Only logs.
+    int setListWndData();                                  ///< Ranks and sorts anew. Returns the number of networks.
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -148,13 +149,13 @@ private:
     bool m_isJoining = false;     ///< that attempt is not over yet
 };
 
-// The workers' bodies and their shared state. \a arg: the manager, and a number that is only logged.
-RAWIFI_EXPORT void* thread_scanap(void* arg);
-RAWIFI_EXPORT void* thread_connectuseap(void* arg);
+// The workers' bodies and their shared state; for the manager alone. They return null.
+RAWIFI_EXPORT void* thread_scanap(void* arg);       ///< The scan; \a arg is the manager.
+RAWIFI_EXPORT void* thread_connectuseap(void* arg); ///< The join of g_PassParam; \a arg is a number to log.
 
 extern RAWIFI_EXPORT QApplication* p_App;            ///< the host's application object
 extern RAWIFI_EXPORT RaWifiManager* pWnd;            ///< the manager that the connect worker works for
-extern RAWIFI_EXPORT pthread_t p_thread_msg;         ///< the worker started last; 0 before the first. For comparison only
+extern RAWIFI_EXPORT pthread_t p_thread_msg;         ///< the worker started last, 0 before the first; only to compare
 extern RAWIFI_EXPORT pthread_t p_thread_connectap;   ///< never set
 extern RAWIFI_EXPORT pthread_attr_t attr;            ///< valid only while a worker is being started
 extern RAWIFI_EXPORT pthread_mutex_t mutex;          ///< valid only while a scan worker is being started

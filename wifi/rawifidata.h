@@ -43,11 +43,11 @@ public:
     /** Fills \a out from the record at \a index, its rank being the index. 0, or -1 out of range. */
     int getDataByIndex(APData* out, int index);
 
-    int getDataCount();
+    int getDataCount(); ///< networks in the list, 0 to 15 unless a file held more
 
     /** Empties the list; the file is untouched. */
     void initData();
-    void clearStoreAP();
+    void clearStoreAP(); ///< The same as initData().
 
     /** Does nothing. */
     void printfAllStoreAP();

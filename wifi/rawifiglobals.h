@@ -28,7 +28,7 @@ extern RAWIFI_EXPORT QList<APData*> APDataArray;  ///< the last successful scan,
 extern RAWIFI_EXPORT QList<APData*> g_linkAPList; ///< scanned access points that match a saved network
 extern RAWIFI_EXPORT int g_linkAPIndex;           ///< cursor in g_linkAPList; -1 before the first, -2 after the last
 
-extern RAWIFI_EXPORT _PassParam g_PassParam;
+extern RAWIFI_EXPORT _PassParam g_PassParam; ///< the work of the connect worker, one block in a process
 
 extern RAWIFI_EXPORT bool g_isWifiWorkStatus; ///< Wi-Fi is on and working
 extern RAWIFI_EXPORT bool g_monitorStatus;    ///< the link monitor's timer is running

@@ -19,7 +19,7 @@ class RAWIFI_EXPORT RaWifiMonitor : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RaWifiMonitor(QWidget* parent);
+    explicit RaWifiMonitor(QWidget* parent); ///< Not polling yet; \a parent owns it.
     ~RaWifiMonitor() override;
 
     /** Sets the period between polls in milliseconds, from the next start on, and forgets the misses. Returns 0. */
@@ -28,8 +28,8 @@ public:
     /** Sets the miss limit to 2, whatever the argument. Returns 0. */
     int setConnectNunmber(int ignored);
 
-    int timerStart();
-    int timerStop();
+    int timerStart(); ///< Polls from now on, once a period. Returns 0.
+    int timerStop();  ///< Polls no more. Returns 0.
 
     /** Takes charge of a link; starts polling when \a start is not 0. \a status is only stored. Returns 0. */
     int setWifiConnectStatus(int status, int start);
@@ -49,7 +49,7 @@ Q_SIGNALS:
     void sendAPIPMsg();
 
 public Q_SLOTS:
-    void timeout();
+    void timeout(); ///< One poll; starts the timer anew unless the link is lost or was given up.
     /** The link is to be to this BSSID; \a signalvalue goes into the reports. */
     void recCheckAPConnect(QString linkmadress, int signalvalue);
 

@@ -34,29 +34,29 @@ struct APData
     int is_encry;        ///< 1 open, 2 locked, 0 unknown
 };
 
-/** One saved network; written byte for byte to the store file. */
+/** One saved network; its 388 bytes are what the store file has, integers in native byte order. */
 struct StoreData
 {
-    char essid[40];
-    char macAddr[18];
-    char key_mgmt[100];
-    char psk[200];
-    int encry[2];
-    int sigquality;
-    int orderbynum;
-    int is_encry;
-    int keyIndex;
-    int authMode;
+    char essid[40];     ///< offset 0; every field as in APData
+    char macAddr[18];   ///< offset 40
+    char key_mgmt[100]; ///< offset 58
+    char psk[200];      ///< offset 158, in plain text; two zero bytes follow
+    int encry[2];       ///< offsets 360 and 364
+    int sigquality;     ///< offset 368; the level when it was saved
+    int orderbynum;     ///< offset 372; 999 in every file
+    int is_encry;       ///< offset 376
+    int keyIndex;       ///< offset 380
+    int authMode;       ///< offset 384
 };
 
-/** One item of a generic list. */
+/** One item of a generic list, for a host; nothing in the library reads its fields. */
 struct RaItemData
 {
-    QString text1;
-    QString text2;
-    QString text3;
-    bool flag1;
-    bool flag2;
+    QString text1; ///< the host's
+    QString text2; ///< the host's
+    QString text3; ///< the host's
+    bool flag1;    ///< the host's
+    bool flag2;    ///< the host's
 };
 
 Q_DECLARE_METATYPE(APData)
@@ -71,9 +71,9 @@ RAWIFI_EXPORT bool caseInsensitiveLessThan(APData* a, APData* b);
 /** 0 when both denote the same access point (same name, same 17 characters of BSSID), 1 otherwise or for null. */
 RAWIFI_EXPORT int getCmpAPLists(APData* a, APData* b);
 
-/** Log every field of a record, one line each. The password is among them. */
+/** Log every field of a record, one line each. The password is among them, or "***" (RAWIFI_LOG_SECRETS). */
 RAWIFI_EXPORT void printAPData(APData record);
-RAWIFI_EXPORT void printAPDataPoint(APData* record);
+RAWIFI_EXPORT void printAPDataPoint(APData* record); ///< The same; null is ignored.
 
 /** Logs a line without a message. */
 RAWIFI_EXPORT void printStoreData(StoreData record);

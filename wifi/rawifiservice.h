@@ -32,8 +32,8 @@ public:
     /** Ends a DHCP stage that still runs. */
     ~RaWifiService() override;
 
-    // --- Device and supplicant ---------------------------------------------------------------------------
-
+    /** \name Device and supplicant */
+    ///@{
     /** Starts the supplicant with its default configuration: 0, or -1 when it did not. */
     int callWpaSupplicantDefaultConf();
     /** Whether the supplicant runs: 0 when it does, -1 when not. */
@@ -44,12 +44,12 @@ public:
     int getLocalMACaddress(char* out);
     /** Wait for a module command, which this library has none of: 60 s, then a message. */
     void loadWifiDevice();
-    void unloadWifiDeveice();
+    void unloadWifiDeveice(); ///< As loadWifiDevice().
     /** Stops the watchdog; from another thread as soon as the GUI thread gets to it. Returns 0. */
     int setStopStatus();
-
-    // --- Scan and list -----------------------------------------------------------------------------------
-
+    ///@}
+    /** \name Scan and list */
+    ///@{
     /** Makes sure that the supplicant runs, scans and ranks. Returns orderByAPArray()'s result. */
     int getAPListByScan();
     /** Scans and rebuilds APDataArray; keeps the old list when there is no result. Returns 0. */
@@ -72,29 +72,29 @@ public:
     int reInitAPInfo(QString mac);
     /** Copies the next candidate for automatic joining into \a out and returns it; null after the last. */
     APData* getAPInfoByLinkAPList(APData* out);
-    int getwifilistcount();
-    int getAPListCount();
-    int clearAPArray();
-    int clearCurLinkAPArray();
+    int getwifilistcount();    ///< Access points in APDataArray.
+    int getAPListCount();      ///< Candidates in g_linkAPList.
+    int clearAPArray();        ///< Empties both lists, deleting their records. Returns 0.
+    int clearCurLinkAPArray(); ///< Empties g_linkAPList; its cursor is -1 then. Returns 0.
     /** Forgets the saved networks in memory and the candidates; the file stays. Returns 0. */
     int clearAPS();
     /** Has no effect. */
     void printAllAPData();
-
-    // --- Supplicant configuration ------------------------------------------------------------------------
-    // Each replaces /etc/wpa_supplicant.conf (mode 0600) by a configuration of one network. 0 when written.
-    // Texts stand literally in double quotes; what the supplicant could not read back that way is written as
-    // hexadecimal digits. A line break in a password is refused with -1, and nothing is touched.
-
+    ///@}
+    /** \name Supplicant configuration
+     * Each replaces /etc/wpa_supplicant.conf (mode 0600) by a configuration of one network. 0 when written.
+     * Texts stand literally in double quotes; what the supplicant could not read back that way is written as
+     * hexadecimal digits. A line break in a password is refused with -1, and nothing is touched. */
+    ///@{
     /** WPA and WPA2. -1 null or empty psk; -2 the file cannot be opened. */
     int changeWpaConfigfile(char const* ssid, char const* psk);
     /** WEP. -1 null, empty key or key index outside 0 to 3; -3 the file cannot be opened. */
     int changeWpaConfigfile2(char const* ssid, char const* key, int keyIndex);
     /** Open. -1 null; -2 empty name; -3 the file cannot be opened. */
     int changeWpaConfigfile3(char const* ssid, char const* psk);
-
-    // --- Joining -----------------------------------------------------------------------------------------
-
+    ///@}
+    /** \name Joining */
+    ///@{
     /**
      * Joins a network: 0 when joined, negative when it gave up. Blocks for seconds; not for the GUI thread.
      * Progress and failures go out as sendListWndInfo().
@@ -123,15 +123,15 @@ public:
     int setRouteGw();
     /** Pings for 10 s. \a rate: answered share, 0.0 to 1.0. Returns 1, or 0 without a result. */
     int pingIP(char* ip, double& rate);
-
+    ///@}
 Q_SIGNALS:
-    void sendSetStatusMsg(QString macaddress, bool isend = false);
-    /** \a errflag: 0 progress, 1 cancelled by the user, negative failed. */
+    void sendSetStatusMsg(QString macaddress, bool isend = false); ///< The network is joined; \a isend is true.
+    /** \a index is 0. \a errflag: 0 progress, 1 cancelled by the user, negative failed. \a msginfo is translated. */
     void sendListWndInfo(int index, QString ssid, QString msginfo, int errflag = 0);
-    void sendCheckAPConnect(QString linkmadress, int signalvalue);
-    void sendPrgStar();
-    void sendPrgStep();
-    void sendPrgStop();
+    void sendCheckAPConnect(QString linkmadress, int signalvalue); ///< Joined, at this level: for the monitor.
+    void sendPrgStar();                                            ///< Never emitted.
+    void sendPrgStep();                                            ///< Never emitted.
+    void sendPrgStop(); ///< The DHCP stage is over, the address is being read.
 
 public Q_SLOTS:
     /** The watchdog expired: the attempt's DHCP stage has timed out. */
