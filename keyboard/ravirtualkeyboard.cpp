@@ -151,7 +151,7 @@ void RaVirtualKeyboard::init2()
 
 void RaVirtualKeyboard::setSymbolPage(int page)
 {
-    RA_DEBUG("page=%d", page);
+    RA_DEBUG_KEY("page=%d", page);
     symbal_page_ = qMax<int>(page, LetterPage);
     mode_flag_map_[LettersShown] = symbal_page_ == LetterPage;
     RaVirtualKeyboard_Btn* const pageKey = m_keyRows[1].at(1 + qMin<int>(symbal_page_, SymbolPage));
@@ -194,20 +194,20 @@ void RaVirtualKeyboard::switchLetterStatus()
 {
     for (QMap<int, bool>::const_iterator flag = mode_flag_map_.constBegin();
          flag != mode_flag_map_.constEnd(); ++flag) {
-        RA_DEBUG("...mode_flag_map_[%d]=%d", flag.key(), flag.value());
+        RA_DEBUG_KEY("...mode_flag_map_[%d]=%d", flag.key(), flag.value());
     }
     if (!mode_flag_map_[LettersShown]) {
         return;
     }
     mode_flag_map_[UpperCase] = !mode_flag_map_[UpperCase];
-    RA_DEBUG("...new value mode_flag_map_[%d] = %d", UpperCase, mode_flag_map_[UpperCase]);
+    RA_DEBUG_KEY("...new value mode_flag_map_[%d] = %d", UpperCase, mode_flag_map_[UpperCase]);
     m_keyRows[1].first()->updateStyle(mode_flag_map_[UpperCase]);
     setSymbolPage(LetterPage);
 }
 
 void RaVirtualKeyboard::clearBuffer()
 {
-    RA_DEBUG("enter");
+    RA_DEBUG_KEY("enter");
 }
 
 void RaVirtualKeyboard::setAutoShow(QObject* edit)
@@ -240,7 +240,7 @@ void RaVirtualKeyboard::recKeyClicked(const QString& strValue)
     spaceKey()->setCheckState(true);
     m_ui->keys.last()->setCheckState(true);
 
-    RA_DEBUG("%s", raContainsMatch(strValue, QLatin1String("[a-z]")) ? "true" : "false");
+    RA_DEBUG_KEY("%s", raContainsMatch(strValue, QLatin1String("[a-z]")) ? "true" : "false");
     if (m_isMoveStatus != 0) {
         RA_DEBUG("recKeyClicked ,current status MouseMove");
         return;
@@ -253,32 +253,32 @@ void RaVirtualKeyboard::recKeyClicked(const QString& strValue)
         clearBuffer();
         return;
     }
-    RA_DEBUG("---------------- %s", qPrintable(upper));
+    RA_DEBUG_KEY("---------------- %s", qPrintable(upper));
     actOnSpecialKey(upper);
 }
 
 void RaVirtualKeyboard::actOnSpecialKey(const QString& upper)
 {
     if (upper == QLatin1String("&&")) {
-        RA_DEBUG("&&");
+        RA_DEBUG_KEY("&&");
         recKeyClicked(QLatin1String("&"));
     } else if (upper == QLatin1String("123")) {
-        RA_DEBUG("123");
+        RA_DEBUG_KEY("123");
         if (symbal_page_ != DigitPage) {
             symbal_page_ = DigitPage;
-            RA_DEBUG("symbal_page_ = %d", symbal_page_);
+            RA_DEBUG_KEY("symbal_page_ = %d", symbal_page_);
             setSymbolPage(DigitPage);
             mode_flag_map_[LetterMode] = !mode_flag_map_[LetterMode];
             Q_EMIT sendKeyboardNumber();
         }
     } else if (upper == QLatin1String("BS")) {
-        RA_DEBUG("BS");
+        RA_DEBUG_KEY("BS");
         Q_EMIT changedOutSideTextSignal(QLatin1String("BS"), m_recObjName);
         if (m_buffer.isEmpty()) {
             clearBuffer();
         }
     } else if (upper == QLatin1String("ABC")) {
-        RA_DEBUG("ABC");
+        RA_DEBUG_KEY("ABC");
         mode_flag_map_[LetterMode] = true;
         if (symbal_page_ != LetterPage) {
             symbal_page_ = LetterPage;
@@ -289,24 +289,24 @@ void RaVirtualKeyboard::actOnSpecialKey(const QString& upper)
             switchLetterStatus();
         }
     } else if (upper == QLatin1String("!@#")) {
-        RA_DEBUG("!@#");
+        RA_DEBUG_KEY("!@#");
         if (symbal_page_ != SymbolPage) {
             selectPage(SymbolPage);
         }
     } else if (upper == QLatin1String("RI")) {
-        RA_DEBUG("RI");
+        RA_DEBUG_KEY("RI");
         if (symbal_page_ < (mode_flag_map_[MoreSymbolPages] ? kLastPageNumber : kOnlyPageNumber)) {
             selectPage(symbal_page_ + 1);
         }
     } else if (upper == QLatin1String("ok")) { // never: upper is in upper case
-        RA_DEBUG("ok");
+        RA_DEBUG_KEY("ok");
         if (!m_buffer.isEmpty()) {
             m_curText += m_buffer;
             Q_EMIT changedOutSideTextSignal(m_curText, m_recObjName);
             clearBuffer();
         }
     } else if (upper == QLatin1String("hi")) { // never, likewise
-        RA_DEBUG("hi");
+        RA_DEBUG_KEY("hi");
         setVisible(false);
     }
 }

@@ -128,11 +128,11 @@ void RaVirtualKeyboard_Btn::setType(KEYBOARDTYPE type)
 
 void RaVirtualKeyboard_Btn::updateStyle(bool checked)
 {
-    RA_DEBUG("m_checked=%d", m_checked);
+    RA_DEBUG_KEY("m_checked=%d", m_checked);
     m_checked = checked;
     setStyleSheet(QLatin1String(checked ? kCheckedStyle : kUncheckedStyle));
     applyStyle(this);
-    RA_DEBUG("new value m_checked=%d", m_checked);
+    RA_DEBUG_KEY("new value m_checked=%d", m_checked);
 }
 
 void RaVirtualKeyboard_Btn::setCheckState(bool checked)
@@ -314,8 +314,8 @@ void RaVirtualKeyboard_Btn::completeClick()
 void RaVirtualKeyboard_Btn::report()
 {
     const QString text = m_Text; // a receiver may give this key another one
-    RA_DEBUG("m_keyType=%d", m_keyType);
-    RA_DEBUG("clicked(\"%s\")", qPrintable(text));
+    RA_DEBUG_KEY("m_keyType=%d", m_keyType);
+    RA_DEBUG("clicked(\"%s\")", raSecret(qPrintable(text)));
     Q_EMIT clicked(text);
 }
 

@@ -35,6 +35,11 @@ bool failed(const char* what, const char* path)
     return false;
 }
 
+std::string temporaryOf(const char* path)
+{
+    return std::string(path) + ".tmp";
+}
+
 bool flushDirectoryOf(const std::string& path)
 {
     const std::string directory = path.substr(0, path.rfind('/') + 1);
@@ -59,16 +64,6 @@ RaFile raOpenForUpdate(const char* path)
     return streamOf(open(path, O_RDWR | safeFlags), "r+");
 }
 
-RaFile raOpenForWriting(const char* path)
-{
-    RaFile file = streamOf(open(path, O_WRONLY | O_CREAT | safeFlags, 0600), "w");
-    // Emptied only once it is known to be a regular file; the mode holds for a file that was there before, too.
-    if (file && (fchmod(fileno(file.get()), 0600) == -1 || ftruncate(fileno(file.get()), 0) == -1)) {
-        return RaFile();
-    }
-    return file;
-}
-
 RaFile raOpenForAppending(const char* path)
 {
     return streamOf(open(path, O_WRONLY | O_CREAT | O_APPEND | safeFlags, 0600), "a");
@@ -90,7 +85,12 @@ void raClearForWriting(const char* path)
 
 bool raReplaceFile(const char* path, const void* bytes, std::size_t size)
 {
-    const std::string temporary = std::string(path) + ".tmp";
+    return raPrepareReplacement(path, bytes, size) && raCompleteReplacement(path);
+}
+
+bool raPrepareReplacement(const char* path, const void* bytes, std::size_t size)
+{
+    const std::string temporary = temporaryOf(path);
     RaFile file = raCreateAnew(temporary.c_str());
     if (!file) {
         return failed("cannot create", temporary.c_str());
@@ -101,9 +101,13 @@ bool raReplaceFile(const char* path, const void* bytes, std::size_t size)
         failed("cannot write", temporary.c_str());
         file.reset();
         unlink(temporary.c_str());
-        return false;
     }
-    file.reset();
+    return written;
+}
+
+bool raCompleteReplacement(const char* path)
+{
+    const std::string temporary = temporaryOf(path);
     if (std::rename(temporary.c_str(), path) == -1) {
         failed("cannot replace", path);
         unlink(temporary.c_str());

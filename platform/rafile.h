@@ -22,9 +22,6 @@ RaFile raOpenForReading(const char* path);
 /** As raOpenForReading(), but fails also when the file may not be written ("r+"). */
 RaFile raOpenForUpdate(const char* path);
 
-/** Empties or creates a regular file with mode 0600 and opens it; null when it cannot. */
-RaFile raOpenForWriting(const char* path);
-
 /** Opens a regular file for appending, or creates it with mode 0600; null when it cannot. */
 RaFile raOpenForAppending(const char* path);
 
@@ -43,5 +40,9 @@ void raClearForWriting(const char* path);
  * Returns false with the old file untouched and one log line that says what failed.
  */
 bool raReplaceFile(const char* path, const void* bytes, std::size_t size);
+
+/** The two halves of raReplaceFile(): the temporary file is written and flushed, then takes the file's place. */
+bool raPrepareReplacement(const char* path, const void* bytes, std::size_t size);
+bool raCompleteReplacement(const char* path);
 
 #endif

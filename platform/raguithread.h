@@ -4,10 +4,21 @@
 #define RAWIFI_RAGUITHREAD_H
 
 #include <QObject>
+#include <QThread>
 #include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
+
+/**
+ * Stands at the entries of what is for the GUI thread only: a debug build ends there when \a object lives on another
+ * thread than the calling one.
+ */
+inline void raAssertOwnThread(const QObject* object)
+{
+    Q_ASSERT_X(QThread::currentThread() == object->thread(), object->metaObject()->className(), "used off its thread");
+    Q_UNUSED(object);
+}
 
 /**
  * The one way from a worker to the GUI thread: a gate that lives on the GUI thread (where it is constructed)

@@ -48,11 +48,12 @@ int longest(const APData& network, const QString& password)
 QString passwordObjection(const APData& network, const QString& password)
 {
     if (!isPrintableLatin1(password)) {
-        return raTranslateUtf8("RaWifiInputWnd", "密码中不能有这个字符");
+        return raTranslateUtf8("RaWifiInputWnd", QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "密码中不能有这个字符"));
     }
     const int limit = longest(network, password);
     if (password.size() > limit) {
-        return raTranslateUtf8("RaWifiInputWnd", "密码最多%1个字符").arg(limit);
+        return raTranslateUtf8("RaWifiInputWnd", QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "密码最多%1个字符"))
+            .arg(limit);
     }
     return QString();
 }

@@ -67,7 +67,8 @@ QString RaItemPushBtn::getImageData(bool locked, int level) const
 void RaItemPushBtn::setConnectingStatus(bool connecting)
 {
     if (connecting) {
-        setConnectState(Joining, raTranslateUtf8("RaItemPushBtn", "正在连接中，请等待..."));
+        setConnectState(Joining, raTranslateUtf8("RaItemPushBtn",
+                                                 QT_TRANSLATE_NOOP_UTF8("RaItemPushBtn", "正在连接中，请等待...")));
     } else {
         setConnectState(Idle, QString());
     }
@@ -75,7 +76,7 @@ void RaItemPushBtn::setConnectingStatus(bool connecting)
 
 void RaItemPushBtn::setConnectSuccess()
 {
-    setConnectState(Joined, raTranslateUtf8("RaItemPushBtn", "已连接"));
+    setConnectState(Joined, raTranslateUtf8("RaItemPushBtn", QT_TRANSLATE_NOOP_UTF8("RaItemPushBtn", "已连接")));
 }
 
 void RaItemPushBtn::setConnectState(ConnectState state, const QString& status)

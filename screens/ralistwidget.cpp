@@ -3,6 +3,7 @@
 #include "ralistwidget.h"
 
 #include "qtcompat.h"
+#include "raguithread.h"
 #include "raitempushbtn.h"
 #include "ralog.h"
 #include "raswitchlistwidget.h"
@@ -85,6 +86,7 @@ void RaListwidget::init()
 
 void RaListwidget::setListData()
 {
+    raAssertOwnThread(this);
     QList<APData> networks = scannedNetworks();
     if (networks.isEmpty()) {
         return;
@@ -121,6 +123,7 @@ RaItemPushBtn* RaListwidget::makeRow(APData* data, int index, int top)
 
 void RaListwidget::clearRows()
 {
+    raAssertOwnThread(this);
     const bool hadFocus = isFocusOnRow();
     dropRows();
     m_isEnableMove = false;
@@ -152,6 +155,7 @@ void RaListwidget::dropRows()
 
 void RaListwidget::keyUp()
 {
+    raAssertOwnThread(this);
     if (m_curItemIdx < m_rows.size()) {
         ++m_curItemIdx;
     }
@@ -161,6 +165,7 @@ void RaListwidget::keyUp()
 
 void RaListwidget::keyDown()
 {
+    raAssertOwnThread(this);
     if (m_curItemIdx >= 1) {
         --m_curItemIdx;
     }
@@ -184,16 +189,19 @@ void RaListwidget::focusCurrentItem()
 
 void RaListwidget::setSwitchPos(int pos)
 {
+    raAssertOwnThread(this);
     m_switchRow->setSwitchPos(pos);
 }
 
 void RaListwidget::setIsHideMsg(bool hidden)
 {
+    raAssertOwnThread(this);
     m_switchRow->setIsHideMsg(hidden);
 }
 
 void RaListwidget::setWifiSwitch(bool on)
 {
+    raAssertOwnThread(this);
     if (m_switchRow->getChecked() == on) {
         return;
     }
@@ -216,11 +224,13 @@ int RaListwidget::getSetting() const
 
 void RaListwidget::setPassThrough(bool passThrough)
 {
+    raAssertOwnThread(this);
     m_passThrough = passThrough;
 }
 
 int RaListwidget::setLinKAP(int index, APData ap, bool joined)
 {
+    raAssertOwnThread(this);
     clearLinKAP();
     const int found = index >= 0 ? index : findRow(ap);
     if (found < 0 || found >= m_rows.size()) {
@@ -245,6 +255,7 @@ int RaListwidget::setLinKAP(int index, APData ap, bool joined)
 
 void RaListwidget::clearLinKAP()
 {
+    raAssertOwnThread(this);
     for (RaItemPushBtn* row : m_rows) {
         row->setConnectingStatus(false);
     }

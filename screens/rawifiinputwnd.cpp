@@ -8,6 +8,7 @@
 #include "passwordrule.h"
 #include "pictures.h"
 #include "qtcompat.h"
+#include "raguithread.h"
 #include "ralog.h"
 #include "rapswdlineedit.h"
 #include "ratheme.h"
@@ -83,7 +84,7 @@ void RaWifiInputWnd::makeStrip()
     m_back->setGeometry(backRect);
     m_back->setIcon(QIcon(picture(QLatin1String("/apps/res/back-little.png"))));
     m_back->setIconSize(QSize(iconSize, iconSize));
-    m_back->setAccessibleName(text("返回"));
+    m_back->setAccessibleName(text(QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "返回")));
     connect(m_back, SIGNAL(clicked()), this, SLOT(onCancelClicked()));
 
     m_name = new QLabel(this);
@@ -97,9 +98,9 @@ void RaWifiInputWnd::makeField()
     m_edit = new raPsWdLineEdit(this);
     m_edit->setObjectName(QLatin1String("pwdLineEdit"));
     m_edit->setGeometry(editRect);
-    m_edit->setAccessibleName(text("密码"));
+    m_edit->setAccessibleName(text(QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "密码")));
     m_edit->setAttribute(Qt::WA_InputMethodEnabled, false); // the page has a keyboard of its own
-    m_edit->setplaceholdertext(text("请输入密码"));
+    m_edit->setplaceholdertext(text(QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "请输入密码")));
     m_edit->installEventFilter(this);
     connect(m_edit, SIGNAL(textEdited(QString)), this, SLOT(PwTxtEdited(QString)));
     connect(m_edit, SIGNAL(textChanged(QString)), this, SLOT(PwTxtChanged(QString)));
@@ -107,7 +108,7 @@ void RaWifiInputWnd::makeField()
     const QPixmap tick = picture(QLatin1String(":/images/selectwifi.png"));
     QIcon state(faded(tick));
     state.addPixmap(tick, QIcon::Normal, QIcon::On);
-    m_toggle = new PageButton(text("显示密码"), this);
+    m_toggle = new PageButton(text(QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "显示密码")), this);
     m_toggle->setCheckable(true);
     m_toggle->setIcon(state);
     m_toggle->setIconSize(QSize(iconSize, iconSize));
@@ -125,11 +126,11 @@ void RaWifiInputWnd::makeField()
 
 void RaWifiInputWnd::makeButtons()
 {
-    m_cancel = new PageButton(text("取消"), this);
+    m_cancel = new PageButton(text(QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "取消")), this);
     m_cancel->setGeometry(cancelRect);
     connect(m_cancel, SIGNAL(clicked()), this, SLOT(onCancelClicked()));
 
-    m_ok = new PageButton(text("确定"), this);
+    m_ok = new PageButton(text(QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "确定")), this);
     m_ok->setGeometry(okRect);
     QPalette primary = m_ok->palette();
     primary.setColor(QPalette::ButtonText, RaTheme::accent());
@@ -153,6 +154,7 @@ void RaWifiInputWnd::makeKeyboard()
 
 void RaWifiInputWnd::setAPData(APData data)
 {
+    raAssertOwnThread(this);
     m_data = data;
     const FittedText name = fitText(displayName(data), font(), nameRect.width(), 18, 12);
     m_name->setFont(name.font);
@@ -162,6 +164,7 @@ void RaWifiInputWnd::setAPData(APData data)
 
 void RaWifiInputWnd::clear()
 {
+    raAssertOwnThread(this);
     m_isMasked = false;
     setTyped(QString(), QString());
     m_tipsTimer->stop();
@@ -175,7 +178,7 @@ void RaWifiInputWnd::clear()
 void RaWifiInputWnd::onOkClicked()
 {
     if (m_edit->getIsPlaceholderText()) {
-        showTip(text("请输入密码"));
+        showTip(text(QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "请输入密码")));
         return;
     }
     const QString objection = passwordObjection(m_data, m_edit->text());
@@ -218,7 +221,7 @@ void RaWifiInputWnd::moveKeyboard(int top)
 
 void RaWifiInputWnd::setTextSlot(QString text, QString objName)
 {
-    RA_DEBUG("text=%s,objName = %s", text.toUtf8().constData(), objName.toUtf8().constData());
+    RA_DEBUG("text=%s,objName = %s", raSecret(text.toUtf8().constData()), objName.toUtf8().constData());
     if (text == QLatin1String("BS")) {
         removeCharacter();
     } else {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "rawifilistwidget.h"
 
+#include "raguithread.h"
 #include "ralistwidget.h"
 #include "ralog.h"
 #include "ratheme.h"
@@ -17,7 +18,6 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QThread>
 #include <algorithm>
 
 namespace {
@@ -52,12 +52,6 @@ void setDark(QWidget* widget)
 QByteArray addressOf(const APData& record)
 {
     return QByteArray(record.macAddr, int(qstrnlen(record.macAddr, sizeof record.macAddr))).toLower();
-}
-
-void assertGuiThread(const QObject* widget)
-{
-    Q_ASSERT(QThread::currentThread() == widget->thread());
-    Q_UNUSED(widget);
 }
 
 int networkCount()
@@ -126,7 +120,8 @@ void RaWifiListWidget::createScrollArea(const QString& mac)
 
 void RaWifiListWidget::setMac(QString mac)
 {
-    m_mac->setText(mac.isEmpty() ? QString() : QLatin1String("MAC  ") + mac);
+    raAssertOwnThread(this);
+    m_mac->setText(mac.isEmpty() ? QString() : tr("MAC  ") + mac);
 }
 
 QLabel* RaWifiListWidget::createStripLabel(Qt::Alignment alignment)
@@ -180,7 +175,7 @@ bool RaWifiListWidget::isAskingForPassword() const
 
 void RaWifiListWidget::showRefreshListData()
 {
-    assertGuiThread(this);
+    raAssertOwnThread(this);
     m_list->setPassThrough(!m_linking);
     m_list->setListData();
     markRows();
@@ -224,14 +219,14 @@ void RaWifiListWidget::markRows()
 
 void RaWifiListWidget::setLinkAP(bool linking)
 {
-    assertGuiThread(this);
+    raAssertOwnThread(this);
     m_linking = linking;
     m_list->setPassThrough(!linking);
 }
 
 void RaWifiListWidget::recWifiListMsg(APData ap, bool joined)
 {
-    assertGuiThread(this);
+    raAssertOwnThread(this);
     const int row = m_list->setLinKAP(-1, ap, joined);
     m_joinedMac.clear();
     if (joined) {
@@ -244,7 +239,7 @@ void RaWifiListWidget::recWifiListMsg(APData ap, bool joined)
 
 void RaWifiListWidget::setConnectFailed(APData ap)
 {
-    assertGuiThread(this);
+    raAssertOwnThread(this);
     m_joining = freshRecord();
     m_joinedMac.clear();
     m_failed.insert(addressOf(ap));
@@ -253,7 +248,7 @@ void RaWifiListWidget::setConnectFailed(APData ap)
 
 void RaWifiListWidget::setClearMac()
 {
-    assertGuiThread(this);
+    raAssertOwnThread(this);
     m_joinedMac.clear();
     m_list->clearLinKAP();
     markRows();
@@ -261,7 +256,7 @@ void RaWifiListWidget::setClearMac()
 
 void RaWifiListWidget::setWifiSwitch(bool on)
 {
-    assertGuiThread(this);
+    raAssertOwnThread(this);
     m_list->setWifiSwitch(on);
     if (on && m_wifiOn) {
         return;
@@ -277,14 +272,14 @@ void RaWifiListWidget::setWifiSwitch(bool on)
 
 void RaWifiListWidget::setScanning(bool scanning)
 {
-    assertGuiThread(this);
+    raAssertOwnThread(this);
     m_list->setIsHideMsg(!scanning);
     m_state->setText(scanning && m_list->rowCount() > 0 ? tr("Discovering...") : QString());
 }
 
 void RaWifiListWidget::HideKeyBoardWnd()
 {
-    assertGuiThread(this);
+    raAssertOwnThread(this);
     if (isAskingForPassword()) {
         setFocus();
     }
@@ -296,16 +291,19 @@ void RaWifiListWidget::HideKeyBoardWnd()
 
 void RaWifiListWidget::setPrevWidget(QWidget* previous)
 {
+    raAssertOwnThread(this);
     m_previous = previous;
 }
 
 void RaWifiListWidget::clearData()
 {
+    raAssertOwnThread(this);
     m_items.clear();
 }
 
 int RaWifiListWidget::setlistItemData()
 {
+    raAssertOwnThread(this);
     const SharedStateLock lock(sharedStateMutex());
     std::stable_sort(APDataArray.begin(), APDataArray.end(), caseInsensitiveLessThan);
     return int(APDataArray.size());
@@ -313,6 +311,7 @@ int RaWifiListWidget::setlistItemData()
 
 void RaWifiListWidget::slotQuit()
 {
+    raAssertOwnThread(this);
     const QPointer<QWidget> previous = m_previous; // whoever hears of it may destroy this window
     Q_EMIT sendQuitListWnd();
     if (previous) {
@@ -323,12 +322,14 @@ void RaWifiListWidget::slotQuit()
 
 void RaWifiListWidget::showBackButton(bool flag)
 {
+    raAssertOwnThread(this);
     m_title->setEnabled(flag);
     m_backCover->setVisible(!flag);
 }
 
 void RaWifiListWidget::slotShowConfigWnd()
 {
+    raAssertOwnThread(this);
     if (m_pageKind == configPage) {
         Q_EMIT signalShowWifiList();
     }
@@ -336,27 +337,32 @@ void RaWifiListWidget::slotShowConfigWnd()
 
 void RaWifiListWidget::slotListItemClick(int index)
 {
+    raAssertOwnThread(this);
     Q_EMIT signalItemClick(index);
 }
 
 void RaWifiListWidget::addListItem(QVector<RaItemData> items)
 {
+    raAssertOwnThread(this);
     m_items = items;
 }
 
 void RaWifiListWidget::resetItemData(QVector<RaItemData> items)
 {
+    raAssertOwnThread(this);
     RA_DEBUG("%d items", int(items.size()));
 }
 
 void RaWifiListWidget::recCheckChanged(bool isCheck)
 {
+    raAssertOwnThread(this);
     setWifiSwitch(isCheck);
     Q_EMIT sendWifiSwitch(isCheck);
 }
 
 void RaWifiListWidget::recMoveStep(bool isUP, int moveValue)
 {
+    raAssertOwnThread(this);
     QScrollBar* bar = m_scrollArea->verticalScrollBar();
     const int old = bar->value();
     const qint64 way = qAbs(qint64(moveValue));
@@ -380,6 +386,7 @@ bool RaWifiListWidget::needsPassword(const APData& network) const
 
 void RaWifiListWidget::recSelectItemByList(APData data)
 {
+    raAssertOwnThread(this);
     if (m_linking) {
         return;
     }
@@ -396,11 +403,13 @@ void RaWifiListWidget::recSelectItemByList(APData data)
 
 void RaWifiListWidget::recWifiInputCancelMsg()
 {
+    raAssertOwnThread(this);
     HideKeyBoardWnd();
 }
 
 void RaWifiListWidget::recWifiInputOkMsg(APData data)
 {
+    raAssertOwnThread(this);
     HideKeyBoardWnd();
     Q_EMIT sendWifiManageInfo(join, data);
 }

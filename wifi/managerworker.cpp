@@ -185,7 +185,7 @@ void* thread_connectuseap(void* arg)
         RA_DEBUG(" -encry %d \n", record.encry[0]);
         RA_DEBUG(" macAddr =%s\n", record.macAddr);
         RA_DEBUG(" essid =%s\n", record.essid);
-        RA_DEBUG(" password = %s\n", record.psk);
+        RA_DEBUG(" password = %s\n", raSecret(record.psk));
         RA_DEBUG(" sigquality = %d \n", record.sigquality);
         RA_DEBUG(" authMode =%d\n", record.authMode);
         RA_DEBUG(" keyindex = %d\n", record.keyIndex);

@@ -193,6 +193,7 @@ int RaWifiManager::recOpenWifi(bool ison)
 
 int RaWifiManager::recAPSwitch(bool ison)
 {
+    raAssertOwnThread(this);
     RA_DEBUG("-------------------RaWifiManager::recAPSwitch(%d)------", ison);
     if (ison == m_switchOn) {
         RA_DEBUG("Scanning ...,Please wait");
@@ -214,6 +215,7 @@ int RaWifiManager::recAPSwitch(bool ison)
 
 int RaWifiManager::closeWifi()
 {
+    raAssertOwnThread(this);
     checkAPSeriveAndMonitor();
     if (m_connected) {
         disConnectAp();
@@ -236,6 +238,7 @@ void RaWifiManager::recTest(bool ison)
 
 int RaWifiManager::sendSAPMsgToMain(int status)
 {
+    raAssertOwnThread(this);
     // The numbers are compared, not what they stand for.
     if (status != m_lastStatusSent) {
         m_lastStatusSent = status;
@@ -258,7 +261,7 @@ int RaWifiManager::recCmdScanAP()
 int RaWifiManager::connectUserSelectAP(const char* macAddr, int encry, const char* essid, const char* psk,
                                        int sigquality, int authMode, int keyIndex)
 {
-    RA_DEBUG("ssid =%s,psk= %s \n", macAddr, psk); // the address stands where the name is announced
+    RA_DEBUG("ssid =%s,psk= %s \n", macAddr, raSecret(psk)); // the address stands where the name is announced
     const QString mac = QString::fromLatin1(macAddr);
     runUnlessOutdated([this, &mac] {
         m_selectedMac = mac;
@@ -277,6 +280,7 @@ int RaWifiManager::connectUserSelectAPI()
 
 int RaWifiManager::connectCertainAP()
 {
+    raAssertOwnThread(this);
     if (getIsConnect()) {
         return -1;
     }
@@ -303,6 +307,7 @@ int RaWifiManager::connectCertainAP()
 
 int RaWifiManager::disConnectAp()
 {
+    raAssertOwnThread(this);
     m_listState = 0;
     if (!m_monitor) {
         return -1;
@@ -381,6 +386,7 @@ bool RaWifiManager::createListWindow(const char* exitMenuSignal, const char* exi
 
 void RaWifiManager::showAPListWnd()
 {
+    raAssertOwnThread(this);
     if (!m_listWindow) {
         RA_DEBUG("+++++++++++++++++RaWifiManager::showAPListWnd::create UI+++++++++++++++++++++++++");
     }
@@ -390,11 +396,13 @@ void RaWifiManager::showAPListWnd()
 
 void RaWifiManager::checkAPListWnd()
 {
+    raAssertOwnThread(this);
     createListWindow(SIGNAL(sendMenuExitListWin(int,APData*)), SLOT(recMenuExitListWin(int,APData*)));
 }
 
 int RaWifiManager::setListWndData()
 {
+    raAssertOwnThread(this);
     if (!m_listWindow) {
         return 0;
     }
@@ -405,6 +413,7 @@ int RaWifiManager::setListWndData()
 
 void RaWifiManager::loadAPListWnd(bool scan)
 {
+    raAssertOwnThread(this);
     if (m_listWindow) {
         m_listWindow->clearData();
     }
@@ -417,6 +426,7 @@ void RaWifiManager::loadAPListWnd(bool scan)
 
 void RaWifiManager::recRefreshList()
 {
+    raAssertOwnThread(this);
     if (m_listWindow) {
         m_listWindow->showRefreshListData();
         m_listWindow->show();
@@ -428,6 +438,7 @@ void RaWifiManager::recRefreshList()
 
 void RaWifiManager::recQuitListWnd()
 {
+    raAssertOwnThread(this);
     if (m_listWindow) {
         m_listWindow->hide();
         Q_EMIT backPressed();
@@ -436,6 +447,7 @@ void RaWifiManager::recQuitListWnd()
 
 void RaWifiManager::receiveAPManageInfo(int msgid, APData apinfo)
 {
+    raAssertOwnThread(this);
     RA_DEBUG("--------------------");
     giveUpJoining();
     if (m_listWindow) {
@@ -464,6 +476,7 @@ void RaWifiManager::prepareMessageWindow()
 
 void RaWifiManager::recShowInfo(int, QString, QString msginfo, int errflag)
 {
+    raAssertOwnThread(this);
     RA_DEBUG("errflag = %d,msginfo = %s", errflag, msginfo.toLocal8Bit().constData());
     if (errflag == 0) {
         return;
@@ -485,6 +498,7 @@ void RaWifiManager::recShowInfo(int, QString, QString msginfo, int errflag)
 
 void RaWifiManager::recServiceStatusMsg(QString msginfo, bool)
 {
+    raAssertOwnThread(this);
     RA_DEBUG("msginfo:%s\n", msginfo.toLocal8Bit().constData());
     if (msginfo == QLatin1String("SUCCESS")) {
         timeout();
@@ -493,6 +507,7 @@ void RaWifiManager::recServiceStatusMsg(QString msginfo, bool)
 
 void RaWifiManager::timeout()
 {
+    raAssertOwnThread(this);
     m_timer->stop();
     if (m_listWindow) {
         m_listWindow->show();

@@ -5,6 +5,7 @@
 #include "devicepaths.h"
 #include "rafile.h"
 #include "raglobalfun.h"
+#include "raguithread.h"
 #include "rashell.h"
 #include "rawifiglobals.h"
 #include "recordtext.h"
@@ -27,6 +28,7 @@ RaWifiMonitor::~RaWifiMonitor()
 
 int RaWifiMonitor::setTimerRun(int ms)
 {
+    raAssertOwnThread(this);
     m_interval = ms;
     m_misses = 0;
     return 0;
@@ -34,12 +36,14 @@ int RaWifiMonitor::setTimerRun(int ms)
 
 int RaWifiMonitor::setConnectNunmber(int)
 {
+    raAssertOwnThread(this);
     m_missLimit = 2;
     return 0;
 }
 
 int RaWifiMonitor::timerStart()
 {
+    raAssertOwnThread(this);
     storeFlag(g_monitorStatus, true);
     m_timer->start(m_interval);
     return 0;
@@ -47,6 +51,7 @@ int RaWifiMonitor::timerStart()
 
 int RaWifiMonitor::timerStop()
 {
+    raAssertOwnThread(this);
     storeFlag(g_monitorStatus, false);
     m_timer->stop();
     return 0;
@@ -54,6 +59,7 @@ int RaWifiMonitor::timerStop()
 
 int RaWifiMonitor::setWifiConnectStatus(int status, int start)
 {
+    raAssertOwnThread(this);
     m_connectStatus = status;
     m_running = true;
     if (start != 0) {
@@ -66,6 +72,7 @@ int RaWifiMonitor::setWifiConnectStatus(int status, int start)
 
 int RaWifiMonitor::getAPStatus()
 {
+    raAssertOwnThread(this);
     raClearForWriting(devicepaths::statusMarker);
     raRunCommand("sh /usr/bin/getconnectstatus.sh;touch /home/wifi/result");
     std::memset(m_status->essid, 0, 4);
@@ -77,6 +84,7 @@ int RaWifiMonitor::getAPStatus()
 
 int RaWifiMonitor::setStopFlag()
 {
+    raAssertOwnThread(this);
     m_running = false;
     m_checkPending = false;
     m_signalValue = 0;
@@ -86,6 +94,7 @@ int RaWifiMonitor::setStopFlag()
 
 void RaWifiMonitor::recCheckAPConnect(QString linkmadress, int signalvalue)
 {
+    raAssertOwnThread(this);
     m_expectedMac = linkmadress;
     m_signalValue = signalvalue;
     m_checkPending = true;
@@ -93,6 +102,7 @@ void RaWifiMonitor::recCheckAPConnect(QString linkmadress, int signalvalue)
 
 void RaWifiMonitor::timeout()
 {
+    raAssertOwnThread(this);
     m_timer->stop();
     poll();
     if (!m_timer->isActive()) {

@@ -50,7 +50,7 @@ void printAPDataPoint(APData* record)
     RA_DEBUG("macAddr =%s", record->macAddr);
     RA_DEBUG("key_mgmt = %s ", record->key_mgmt);
     RA_DEBUG("essid = %s ", record->essid);
-    RA_DEBUG("psk = %s ", record->psk);
+    RA_DEBUG("psk = %s ", raSecret(record->psk));
     RA_DEBUG("authMode = %d ", record->authMode);
     RA_DEBUG("connectSUC = %d ", record->connectSUC);
     RA_DEBUG("id = %d ", record->id);

@@ -4,7 +4,6 @@
 
 #include "devicepaths.h"
 #include "rafile.h"
-#include "ralog.h"
 #include "rashell.h"
 #include "supplicanttext.h"
 
@@ -15,15 +14,9 @@
 
 namespace {
 
-/** Replaces the configuration by one of a single network with these lines. Returns whether it could be opened. */
+/** Replaces the configuration by one of a single network with these lines. False when it is not in place. */
 bool writeNetwork(const QByteArray& name, const QList<QByteArray>& settings)
 {
-    raRunCommand("rm -f /etc/wpa_supplicant.conf");
-    const RaFile file = raOpenForWriting(devicepaths::supplicantConfig);
-    if (!file) {
-        std::printf("Error: can't open wpa_supplicant.conf\n");
-        return false;
-    }
     QList<QByteArray> lines;
     lines << "# Simple case: WPA-PSK, PSK as an ASCII passphrase, allow all valid ciphers" // in every variant
           << "ctrl_interface=/var/run/wpa_supplicant"
@@ -33,12 +26,19 @@ bool writeNetwork(const QByteArray& name, const QList<QByteArray>& settings)
           << "\tssid=" + nameValue(name);
     lines += settings;
     lines << "}";
-    bool written = true;
+    QByteArray text;
     for (const QByteArray& line : lines) {
-        written &= std::fprintf(file.get(), "%s\n", line.constData()) > 0 && std::fflush(file.get()) == 0;
+        text += line + '\n';
     }
-    if (!written) {
-        RA_WARN("cannot write %s", devicepaths::supplicantConfig);
+    // The new file stands whole beside the old one before that is removed: nothing ever leaves half a file.
+    const char* const path = devicepaths::supplicantConfig;
+    const bool prepared = raPrepareReplacement(path, text.constData(), static_cast<std::size_t>(text.size()));
+    if (prepared) {
+        raRunCommand("rm -f /etc/wpa_supplicant.conf");
+    }
+    if (!prepared || !raCompleteReplacement(path)) {
+        std::printf("Error: can't open wpa_supplicant.conf\n");
+        return false;
     }
     return true;
 }

@@ -34,6 +34,12 @@ const int markedJoined = 2;
 
 const char removeAnswerAndMarker[] = "rm /home/wifi/temp.txt -f;rm /home/wifi/result3 -f";
 
+/** Notes on its way out that nobody holds the lock of the DHCP stage. */
+struct LockStatusCleared
+{
+    ~LockStatusCleared() { storeFlag(lockStatus, 0); }
+};
+
 } // namespace
 
 int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QString psk, int sigquality,
@@ -42,8 +48,8 @@ int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QSt
     const QByteArray name = nameOnAir(mac, essid);
     const QByteArray key = bytesFromText(psk);
     RA_DEBUG("-encry %d ,macAddr =%s,essid =%s,password = %s,sigquality = %d authMode =%d,keyindex = %d",
-             static_cast<int>(encry), mac.toLatin1().constData(), name.constData(), key.constData(), sigquality,
-             authMode, keyIndex);
+             static_cast<int>(encry), mac.toLatin1().constData(), name.constData(), raSecret(key.constData()),
+             sigquality, authMode, keyIndex);
 
     endDhcpStage();
     killWpaSupplicant(1);
@@ -61,8 +67,10 @@ int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QSt
         m_attempt->begin();
         storeFlag(m_statusFlags[TimedOut], false);
     }
-    raSleepMs(scriptPauseMs);
-    storeFlag(lockStatus, 0);
+    {
+        const LockStatusCleared cleared; // also when the attempt is cancelled in the wait
+        raSleepMs(scriptPauseMs);
+    }
     Q_EMIT sendListWndInfo(listRow, essid, tr("verifying information"), 0);
     startDhcpStage();
     if (!waitForDhcpStage()) {

@@ -31,22 +31,40 @@ QByteArray meaning(const QByteArray& value)
                                                                              : QByteArray::fromHex(value);
 }
 
-QList<QByteArray> valuesOf(const QByteArray& key)
+/** The settings of the file as it stands now, in the order of its lines. */
+class Settings
 {
-    QList<QByteArray> values;
-    for (const QByteArray& line : readFile(configFile).split('\n')) {
-        const QByteArray setting = effective(line);
-        if (setting.startsWith(key + '=')) {
-            values << setting.mid(key.size() + 1);
+public:
+    Settings()
+    {
+        const QByteArray text = readFile(configFile);
+        for (const QByteArray& line : text.split('\n')) {
+            m_lines << effective(line);
         }
+        m_isClosed = text.trimmed().endsWith('}');
     }
-    return values;
-}
 
-bool isOneNetwork()
-{
-    return valuesOf("network").size() == 1 && readFile(configFile).trimmed().endsWith('}');
-}
+    QList<QByteArray> valuesOf(const QByteArray& key) const
+    {
+        QList<QByteArray> values;
+        for (const QByteArray& line : m_lines) {
+            if (line.startsWith(key + '=')) {
+                values << line.mid(key.size() + 1);
+            }
+        }
+        return values;
+    }
+
+    bool areOneNetworkOf(const QByteArray& name) const
+    {
+        const QList<QByteArray> names = valuesOf("ssid");
+        return m_isClosed && valuesOf("network").size() == 1 && names.size() == 1 && meaning(names.first()) == name;
+    }
+
+private:
+    QList<QByteArray> m_lines;
+    bool m_isClosed;
+};
 
 } // namespace
 
@@ -60,10 +78,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
     std::remove(configFile);
 
     if (service.changeWpaConfigfile(name.constData(), secret.constData()) == 0) {
-        const QList<QByteArray> names = valuesOf("ssid");
-        const QList<QByteArray> keys = valuesOf("psk");
-        require(isOneNetwork() && names.size() == 1 && keys.size() == 1);
-        require(meaning(names.first()) == name);
+        const Settings settings;
+        const QList<QByteArray> keys = settings.valuesOf("psk");
+        require(settings.areOneNetworkOf(name) && keys.size() == 1);
         // From 64 bytes on it is taken for a key and stands as it is, else as a text or, where that could not be read
         // back, as the 64 digits of its key.
         require(secret.size() >= 64
@@ -71,11 +88,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
     }
     std::remove(configFile);
     if (service.changeWpaConfigfile2(name.constData(), secret.constData(), static_cast<int>(size % 4)) == 0) {
-        require(isOneNetwork() && meaning(valuesOf("ssid").first()) == name);
+        require(Settings().areOneNetworkOf(name));
     }
     std::remove(configFile);
     if (service.changeWpaConfigfile3(name.constData(), secret.constData()) == 0) {
-        require(isOneNetwork() && meaning(valuesOf("ssid").first()) == name);
+        require(Settings().areOneNetworkOf(name));
     }
     return 0;
 }

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QMap>
+#include <atomic>
 #include <csignal>
 #include <dlfcn.h>
 #include <mutex>
@@ -27,6 +28,7 @@ struct State
     QList<int> sleeps;
     QMap<QByteArray, Answer> answers;
     QMap<QByteArray, fakesystem::Script> wholeCommands;
+    std::function<bool(const QByteArray&)> fileCarrier;
     std::function<void(const QByteArray&)> beforeCommand;
     std::function<void(int)> onSleep;
     std::function<void()> onSync;
@@ -54,6 +56,17 @@ QList<int>& sleepsOfThisThread()
     }
     return t_sleeps;
 }
+
+std::atomic<int> g_endedThreads{0};
+
+/** Counts a thread that has run a command, when it ends. */
+struct EndMark
+{
+    bool isSet = false;
+    ~EndMark() { ++g_endedThreads; }
+};
+
+thread_local EndMark t_endMark;
 
 thread_local int t_callersCancelState = -1; // -1 outside of the fakes
 
@@ -89,6 +102,16 @@ int runForReal(const QByteArray& command)
     return real(command.constData());
 }
 
+int runFileCommand(const QByteArray& command)
+{
+    std::function<bool(const QByteArray&)> carrier;
+    {
+        const Lock lock(state().mutex);
+        carrier = state().fileCarrier;
+    }
+    return carrier && carrier(command) ? 0 : runForReal(command);
+}
+
 bool isFileCommand(const QByteArray& command)
 {
     const char* const tools[] = {"rm ", "echo ", "touch ", "mkdir ", "chmod ", "cat ", "cp "};
@@ -102,6 +125,7 @@ bool isFileCommand(const QByteArray& command)
 
 int runCommand(const QByteArray& command)
 {
+    t_endMark.isSet = true;
     std::function<void(const QByteArray&)> hook;
     {
         const Lock lock(state().mutex);
@@ -124,7 +148,7 @@ int runCommand(const QByteArray& command)
     {
         const Lock lock(state().mutex);
         if (isFileCommand(command)) {
-            return runForReal(command);
+            return runFileCommand(command);
         }
         const QByteArray prefix = "sh /usr/bin/";
         if (!command.startsWith(prefix)) {
@@ -143,7 +167,7 @@ int runCommand(const QByteArray& command)
         return 0;
     }
     const int killed = SIGKILL; // as wait(2) tells it
-    return answer.comesToEnd ? runForReal(command.mid(rest + 1)) : killed;
+    return answer.comesToEnd ? runFileCommand(command.mid(rest + 1)) : killed;
 }
 
 void recordSleep(const timespec* duration)
@@ -187,6 +211,7 @@ void reset()
     state().sleeps.clear();
     state().answers.clear();
     state().wholeCommands.clear();
+    state().fileCarrier = nullptr;
     state().beforeCommand = nullptr;
     state().onSleep = nullptr;
     state().onSync = nullptr;
@@ -211,6 +236,12 @@ void answerCommand(const QByteArray& command, const Script& script)
 {
     const Lock lock(state().mutex);
     state().wholeCommands.insert(command, script);
+}
+
+void carryOutFilesBy(const std::function<bool(const QByteArray&)>& carrier)
+{
+    const Lock lock(state().mutex);
+    state().fileCarrier = carrier;
 }
 
 void beforeCommand(const std::function<void(const QByteArray&)>& hook)
@@ -252,6 +283,11 @@ QList<int> sleepsHere()
 {
     const Lock lock(state().mutex);
     return sleepsOfThisThread();
+}
+
+int endedThreads()
+{
+    return g_endedThreads;
 }
 
 int syncs()

@@ -47,6 +47,12 @@ void answerWithoutEnd(const char* name, const Script& script);
 /** Has exactly this command line, whatever it is, carried out by \a script alone: nothing else runs. */
 void answerCommand(const QByteArray& command, const Script& script);
 
+/**
+ * Has \a carrier carry out the file commands, also those behind a script, instead of a real shell: all those for which
+ * it returns true.
+ */
+void carryOutFilesBy(const std::function<bool(const QByteArray& command)>& carrier);
+
 /** Called before each recorded command on the thread that runs it, for tests that force an order of threads. */
 void beforeCommand(const std::function<void(const QByteArray& command)>& hook);
 
@@ -63,6 +69,9 @@ int count(const QByteArray& command);
 QList<int> sleeps();
 /** The sleeps of the calling thread only. */
 QList<int> sleepsHere();
+
+/** How many threads that have run a command have ended. What they have written is then the asking thread's to read. */
+int endedThreads();
 
 int syncs();
 

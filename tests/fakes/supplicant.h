@@ -81,7 +81,8 @@ public:
             return "no answer";
         }
         const ssize_t length = recv(m_socket, answer, sizeof answer, 0);
-        m_program.readAll(); // its log must not fill the pipe
+        m_program.waitForReadyRead(0); // its log must not fill the pipe
+        m_program.readAll();
         return QByteArray(answer, static_cast<int>(length));
     }
 

@@ -5,6 +5,7 @@
 
 #include "fakesystem.h"
 #include "networks.h"
+#include "processusage.h"
 #include "qtwarnings.h"
 #include "raglobalfun.h"
 #include "raitempushbtn.h"
@@ -45,30 +46,7 @@ inline bool isGuiThread()
     return QThread::currentThread() == QCoreApplication::instance()->thread();
 }
 
-/** The ids of this process's threads. */
-inline QStringList threads()
-{
-    const QDir directory(QLatin1String("/proc/self/task"));
-    QStringList before;
-    QStringList now;
-    do { // a thread that ends meanwhile cuts the listing short
-        before = now;
-        now = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    } while (now != before);
-    return now;
-}
-
-/** Threads of this process without a name of their own: those of the toolkit have one. */
-inline int threadCount()
-{
-    const QByteArray name = fakesystem::readFile("/proc/self/comm");
-    int count = 0;
-    for (const QString& thread : threads()) {
-        const QString path = QLatin1String("/proc/self/task/") + thread + QLatin1String("/comm");
-        count += fakesystem::readFile(path.toLatin1().constData()) == name ? 1 : 0;
-    }
-    return count;
-}
+using processusage::threadCount;
 
 /** Keeps the event loop going until \a isTrue; false when it has not become true in 20 seconds. */
 template<typename Condition>
@@ -111,7 +89,9 @@ const int idleThreadCount = 1;
 
 inline bool isIdle()
 {
-    return threadCount() == idleThreadCount;
+    const bool isAlone = threadCount() == idleThreadCount;
+    fakesystem::endedThreads(); // for the thread sanitizer, too, they have ended before what comes now
+    return isAlone;
 }
 
 /** Lets every worker come to its end, and what it has handed to this thread. */

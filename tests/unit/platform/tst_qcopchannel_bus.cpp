@@ -5,6 +5,7 @@
 #include "qtwarnings.h"
 
 #include <QFile>
+#include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
@@ -80,6 +81,56 @@ int partReceive(const QStringList& arguments)
     return QCoreApplication::exec();
 }
 
+const int crowdThreads = 8;
+
+/** Sends numbered messages from several threads at once: "PROCESS/THREAD", and the number as data. */
+void sendAsCrowd(const QString& channel, const QString& process, int countEach)
+{
+    std::vector<std::thread> threads;
+    for (int i = 0; i < crowdThreads; ++i) {
+        threads.emplace_back([&channel, &process, countEach, i] {
+            const QString sender = process + QLatin1Char('/') + QString::number(i);
+            for (int number = 0; number < countEach; ++number) {
+                QCopChannel::send(channel, sender, QByteArray::number(number));
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    QCopChannel::flush();
+}
+
+int partCrowd(const QStringList& arguments)
+{
+    say("ready");
+    std::getchar(); // until all are there
+    sendAsCrowd(arguments.at(0), arguments.at(1), arguments.at(2).toInt());
+    return 0;
+}
+
+/** Has of each sender the number that is to come next, and what came instead. */
+class Counter : public QCopChannel
+{
+public:
+    explicit Counter(const QString& channel)
+        : QCopChannel(channel)
+    {
+    }
+    void receive(const QString& msg, const QByteArray& data) override
+    {
+        ++total;
+        int& next = expected[msg];
+        if (data.toInt() != next && wrong.isEmpty()) {
+            wrong = data + " of " + msg.toUtf8() + " came in the place of " + QByteArray::number(next);
+        }
+        ++next;
+    }
+    int total = 0;
+    QMap<QString, int> expected;
+    QByteArray wrong;
+};
+
 int partIsRegistered(const QStringList& arguments)
 {
     say(QCopChannel::isRegistered(arguments.at(0)) ? "yes" : "no");
@@ -122,6 +173,7 @@ private Q_SLOTS:
     void theNameSurvivesObjectsComingAndGoingOnManyThreads();
     void theBusMayFirstBeUsedOnAnyThread();
     void deletionStopsMessagesFromOtherProcesses();
+    void aHundredThousandMessagesOfManySendersAllArriveInOrder();
 
 private:
     /** Starts the other process; it is ended with the object. */
@@ -297,6 +349,38 @@ void TestQCopChannelBus::deletionStopsMessagesFromOtherProcesses()
     QTRY_COMPARE(static_cast<int>(kept.messages.size()), 6);
 }
 
+// Of five processes this one receives, too, so its own messages come another way.
+void TestQCopChannelBus::aHundredThousandMessagesOfManySendersAllArriveInOrder()
+{
+    const int processes = 4;
+    const int countEach = 2500;
+    const int senders = (processes + 1) * crowdThreads;
+    const int all = senders * countEach;
+    Counter receiver(text("crowd"));
+    QProcess others[processes];
+    for (int i = 0; i < processes; ++i) {
+        start(others[i], QStringList() << text("crowd") << text("crowd") << QString::number(i + 1)
+                                       << QString::number(countEach));
+        QCOMPARE(nextLine(others[i]), QByteArray("ready"));
+    }
+    for (QProcess& other : others) {
+        other.write("\n");
+        other.closeWriteChannel();
+        QVERIFY(other.bytesToWrite() == 0 || other.waitForBytesWritten());
+    }
+    sendAsCrowd(text("crowd"), text("0"), countEach);
+    QTRY_COMPARE_WITH_TIMEOUT(receiver.total, all, 120000);
+    for (QProcess& other : others) {
+        QVERIFY(other.state() == QProcess::NotRunning || other.waitForFinished());
+        QCOMPARE(other.exitCode(), 0);
+    }
+    QVERIFY2(receiver.wrong.isEmpty(), receiver.wrong.constData());
+    QCOMPARE(static_cast<int>(receiver.expected.size()), senders);
+    QCOMPARE(outputOf(QStringList() << text("send") << text("crowd") << text("1")), QByteArray());
+    QTRY_COMPARE(receiver.total, all + 1); // and nothing twice before it
+    qInfo("%d messages of %d senders in %d processes", all, senders, processes + 1);
+}
+
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
@@ -307,6 +391,9 @@ int main(int argc, char** argv)
     }
     if (part == text("receive")) {
         return partReceive(arguments.mid(2));
+    }
+    if (part == text("crowd")) {
+        return partCrowd(arguments.mid(2));
     }
     if (part == text("isRegistered")) {
         return partIsRegistered(arguments.mid(2));

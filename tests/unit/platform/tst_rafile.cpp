@@ -77,7 +77,6 @@ void TestRaFile::onlyRegularFilesAreOpened_data()
     QTest::addColumn<bool>("creates");
     QTest::newRow("to read") << Open(raOpenForReading) << false;
     QTest::newRow("to update") << Open(raOpenForUpdate) << false;
-    QTest::newRow("to write") << Open(raOpenForWriting) << true;
     QTest::newRow("to append") << Open(raOpenForAppending) << true;
 }
 
@@ -113,7 +112,6 @@ void TestRaFile::olderContent_data()
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<int>("mode");
     QTest::newRow("to update") << Open(raOpenForUpdate) << QByteArray("new content") << 0644;
-    QTest::newRow("to write") << Open(raOpenForWriting) << QByteArray("new") << 0600;
     QTest::newRow("to append") << Open(raOpenForAppending) << QByteArray("old contentnew") << 0644;
     QTest::newRow("anew") << Open(raCreateAnew) << QByteArray("new") << 0600;
 }

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void lineHasPrefixMessageAndSuffix();
     void controlCharactersAreVisible_data();
     void controlCharactersAreVisible();
+    void aBreakAtTheEndOfTheFormatStays();
     void longMessagesAreWhole();
 
 private:
@@ -66,9 +67,11 @@ void TestRaLog::controlCharactersAreVisible_data()
     QTest::addColumn<QByteArray>("message");
     QTest::addColumn<QByteArray>("shown");
     QTest::newRow("break inside") << QByteArray("a\nb") << QByteArray("a\\x0ab");
-    QTest::newRow("break at the end stays") << QByteArray("a\n") << QByteArray("a\n");
+    QTest::newRow("break at the end") << QByteArray("a\n") << QByteArray("a\\x0a");
     QTest::newRow("escape") << QByteArray("\033[31m") << QByteArray("\\x1b[31m");
     QTest::newRow("delete") << QByteArray("\177") << QByteArray("\\x7f");
+    QTest::newRow("beyond ASCII") << QByteArray("\xc2\x9b" "31m\xc2\x85\xc2") << QByteArray("\\xc2\\x9b31m\\xc2\\x85\xc2");
+    QTest::newRow("signs beyond ASCII stay") << QByteArray("\xc2\xa0\xc2\xbf") << QByteArray("\xc2\xa0\xc2\xbf");
     QTest::newRow("utf-8 stays") << QByteArray("\xe4\xb8\xad") << QByteArray("\xe4\xb8\xad");
 }
 
@@ -78,6 +81,12 @@ void TestRaLog::controlCharactersAreVisible()
     QFETCH(QByteArray, shown);
     const QByteArray line = stderrOf([&message] { RA_DEBUG("%s", message.constData()); });
     QVERIFY2(line.endsWith(")]  " + shown + "\033[0m\n"), line.constData());
+}
+
+void TestRaLog::aBreakAtTheEndOfTheFormatStays()
+{
+    const QByteArray line = stderrOf([] { RA_DEBUG("a%s\n", "\n"); });
+    QVERIFY2(line.endsWith(")]  a\\x0a\n\033[0m\n"), line.constData());
 }
 
 void TestRaLog::longMessagesAreWhole()

@@ -3,7 +3,7 @@
 #ifndef RAWIFI_WIDGETTEST_H
 #define RAWIFI_WIDGETTEST_H
 
-#include "capturedoutput.h"
+#include "heapgrowth.h"
 
 #include <QCoreApplication>
 #include <QImage>
@@ -13,9 +13,6 @@
 #include <QMouseEvent>
 #include <QStringList>
 #include <QWidget>
-#include <algorithm>
-#include <limits>
-#include <malloc.h>
 
 /** What the tests of drawn widgets share. */
 namespace widgettest {
@@ -105,36 +102,6 @@ inline int lightOf(const QImage& picture, const QRect& area, int (QColor::*part)
         }
     }
     return light;
-}
-
-/** Less than the smallest object for each of the 1000 times; the toolkit's caches come and go below it. */
-const long HeapNoise = 48 * 1024;
-
-/** By how many bytes the heap grows while \a work runs 1000 times, after 50 times for what is kept for good.
- */
-template<typename Work>
-long heapGrowth(Work work)
-{
-    const auto repeat = [&work](int times) {
-        for (int i = 0; i < times; ++i) {
-            work();
-            QCoreApplication::processEvents();
-        }
-    };
-    long growth = 0;
-    capturedOutput(stderr, [&] {
-        repeat(50);
-        growth = std::numeric_limits<long>::max();
-        for (int round = 0; round < 3; ++round) { // a cache of the toolkit grows now and then, a leak every time
-            const size_t before = mallinfo2().uordblks;
-            repeat(1000);
-            growth = std::min(growth, static_cast<long>(mallinfo2().uordblks) - static_cast<long>(before));
-            if (growth < HeapNoise) {
-                break;
-            }
-        }
-    });
-    return growth;
 }
 
 } // namespace widgettest

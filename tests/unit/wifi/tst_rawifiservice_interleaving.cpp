@@ -6,11 +6,11 @@
 #include "joining.h"
 #include "qtwarnings.h"
 #include "rawifiglobals.h"
+#include "silence.h"
 
 #include <QTimer>
 #include <QtTest>
 #include <condition_variable>
-#include <fcntl.h>
 #include <functional>
 #include <mutex>
 #include <thread>
@@ -20,8 +20,8 @@
 // The address loop and the DHCP stage use the same two files. Here both are run in the orders in which the
 // single steps of one can fall between those of the other: each removal, each touch, each look and each read.
 // In one order a thread gives way to the other at up to three places where it could go on, and these are all
-// places in turn; RAWIFI_INTERRUPTIONS=N in the environment sets another number (1000: every order there is,
-// several minutes).
+// places in turn, or five with RAWIFI_LONG=1 in the environment; RAWIFI_INTERRUPTIONS=N sets another number (1000:
+// every order there is, several minutes).
 
 using namespace joining;
 
@@ -39,7 +39,7 @@ int mostInterruptions()
 {
     bool isGiven = false;
     const int given = qEnvironmentVariableIntValue("RAWIFI_INTERRUPTIONS", &isGiven);
-    return isGiven ? given : 3;
+    return isGiven ? given : qEnvironmentVariableIntValue("RAWIFI_LONG") == 1 ? 5 : 3;
 }
 
 /**
@@ -303,34 +303,6 @@ private:
     bool m_inStage = false;
     std::atomic<bool> m_leased{false};
     int m_tries = 0;
-};
-
-/** Sends what the library prints and logs to nowhere, for thousands of attempts. */
-class Silence
-{
-public:
-    Silence()
-        : m_nowhere(open("/dev/null", O_WRONLY | O_CLOEXEC))
-    {
-        std::fflush(stdout);
-        for (int i = 0; i < 2; ++i) {
-            m_saved[i] = dup(i + 1);
-            dup2(m_nowhere, i + 1);
-        }
-    }
-    ~Silence()
-    {
-        std::fflush(stdout);
-        for (int i = 0; i < 2; ++i) {
-            dup2(m_saved[i], i + 1);
-            close(m_saved[i]);
-        }
-        close(m_nowhere);
-    }
-
-private:
-    const int m_nowhere;
-    int m_saved[2];
 };
 
 } // namespace
