@@ -30,9 +30,9 @@ QLabel* headingLabel(const QString& heading)
     return label;
 }
 
-QString fileName(const QString& directory, QString name)
+QString fileName(const QString& directory, const char* heading)
 {
-    name = name.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+    const QString name = QString::fromLatin1(heading).toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
     return QDir(directory).filePath(name + QLatin1String(".png"));
 }
 
@@ -46,10 +46,10 @@ Gallery::Gallery()
     setAutoFillBackground(true);
 }
 
-void Gallery::beginSection(const QString& heading)
+void Gallery::beginSection(const char* heading)
 {
     m_sections << Section{heading, QRect(0, m_bottom, screenWidth, 0)};
-    append(headingLabel(heading), headingHeight);
+    append(headingLabel(tr(heading)), headingHeight);
 }
 
 void Gallery::add(QWidget* sample, int height)
@@ -72,7 +72,7 @@ bool Gallery::save(const QString& directory)
 {
     QPixmap page(size());
     render(&page);
-    bool saved = QDir().mkpath(directory) && page.save(fileName(directory, QLatin1String("gallery")));
+    bool saved = QDir().mkpath(directory) && page.save(fileName(directory, "gallery"));
     for (const Section& section : m_sections) {
         saved = saved && page.copy(section.place).save(fileName(directory, section.heading));
     }

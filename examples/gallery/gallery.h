@@ -11,10 +11,12 @@
 /** A dark page, as wide as the device's screen, of sections: a heading and below it what it is about. */
 class Gallery : public QWidget
 {
+    Q_OBJECT
 public:
     Gallery();
 
-    void beginSection(const QString& heading);
+    /** \a heading, which is shown translated, also names the section's picture. */
+    void beginSection(const char* heading);
     /** Puts \a sample, which may be a window of its own, at the end of the page and takes it over. */
     void add(QWidget* sample, int height);
 
@@ -25,7 +27,7 @@ public:
 private:
     struct Section
     {
-        QString heading;
+        const char* heading;
         QRect place;
     };
 

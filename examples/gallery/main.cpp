@@ -8,17 +8,31 @@
 #include "samples.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTranslator>
 #include <cstdio>
 #include <cstring>
 
 namespace {
 
+// The library and the gallery each carry their own catalogues.
+void speakTheLocale(QApplication& application)
+{
+    for (const char* catalogue : {"rawificontrol", "rawifigallery"}) {
+        QTranslator* const texts = new QTranslator(&application);
+        if (texts->load(QLocale(), QLatin1String(catalogue), QLatin1String("_"),
+                        QLatin1String(":/translations"))) {
+            QApplication::installTranslator(texts);
+        }
+    }
+}
+
 int runOnScreen(Gallery* gallery)
 {
     QScrollArea window;
-    window.setWindowTitle(QApplication::translate("Gallery", "Gallery"));
+    window.setWindowTitle(Gallery::tr("Gallery"));
     window.setFrameShape(QFrame::NoFrame);
     window.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     window.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -41,6 +55,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
+    speakTheLocale(application);
 
     Gallery* gallery = new Gallery;
     addSamples(gallery);

@@ -15,11 +15,6 @@ namespace {
 const QColor darkRow(54, 54, 54);
 const QColor accent(248, 129, 133);
 
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 /** A row of \a widgets beside each other, each in the middle of its share. */
 QWidget* sideBySide(const QList<QWidget*>& widgets)
 {
@@ -34,13 +29,16 @@ QWidget* sideBySide(const QList<QWidget*>& widgets)
 
 void addTitles(Gallery* gallery)
 {
-    gallery->beginSection(utf8("Title strip"));
-    gallery->add(new RaTitleWidget(utf8("Wi-Fi"), utf8("Connected"), true, nullptr), 50);
-    gallery->add(new RaTitleWidget(utf8("网络设置"), utf8("00:11:22:33:44:55"), true, nullptr), 50);
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Title strip"));
+    gallery->add(new RaTitleWidget(Gallery::tr("Wi-Fi settings"), Gallery::tr("Connected"), true, nullptr),
+                 50);
+    gallery->add(
+        new RaTitleWidget(Gallery::tr("Network settings"), QLatin1String("00:11:22:33:44:55"), true, nullptr),
+        50);
 
-    gallery->beginSection(utf8("Page"));
-    RaBaseWindow* page = new RaBaseWindow(nullptr, utf8("Volume"), utf8("Radio"));
-    page->createUI(utf8("Volume"), RaSliderWidget::VOLUME, QString());
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Page"));
+    RaBaseWindow* page = new RaBaseWindow(nullptr, Gallery::tr("Volume"), Gallery::tr("Radio"));
+    page->createUI(Gallery::tr("Volume"), RaSliderWidget::VOLUME, QString());
     gallery->add(page, 170);
 }
 
@@ -53,7 +51,7 @@ QWidget* switchButton(int style, bool on, bool pageColours)
         button->setBgColor(darkRow, accent);
         button->setSliderColor(QColor(225, 225, 225), Qt::white);
         button->setTextColor(Qt::white, Qt::white);
-        button->setText(utf8("OFF"), utf8("ON"));
+        button->setText(Gallery::tr("OFF"), Gallery::tr("ON"));
     }
     button->setChecked(on);
     return button;
@@ -61,7 +59,7 @@ QWidget* switchButton(int style, bool on, bool pageColours)
 
 void addSwitches(Gallery* gallery)
 {
-    gallery->beginSection(utf8("Switch"));
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Switch"));
     for (int row = 0; row < 4; ++row) {
         QList<QWidget*> buttons;
         for (int style = 0; style < 3; ++style) {
@@ -70,13 +68,13 @@ void addSwitches(Gallery* gallery)
         gallery->add(sideBySide(buttons), 40);
     }
 
-    gallery->beginSection(utf8("Rows with a switch"));
-    gallery->add(new RaSwitchWidget(nullptr, utf8("Bluetooth"), utf8("Visible to others")), 60);
-    RaSwitchWidget* on = new RaSwitchWidget(nullptr, utf8("蓝牙"), QString());
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Rows with a switch"));
+    gallery->add(new RaSwitchWidget(nullptr, Gallery::tr("Bluetooth"), Gallery::tr("Visible to others")), 60);
+    RaSwitchWidget* on = new RaSwitchWidget(nullptr, Gallery::tr("Bluetooth"), QString());
     on->switchButton()->setChecked(true);
     gallery->add(on, 60);
     RaSwitchListWidget* wifi = new RaSwitchListWidget;
-    wifi->setItemText(utf8("Discovering..."), utf8("WIFI"));
+    wifi->setItemText(Gallery::tr("Discovering..."), Gallery::tr("WIFI"));
     wifi->setButtonStyle(RaSwitchListWidget::ButtonStyle_Round);
     wifi->setBgColor(QColor(30, 33, 41), accent);
     wifi->setSliderColor(QColor(100, 100, 100), Qt::white);
@@ -86,7 +84,7 @@ void addSwitches(Gallery* gallery)
 
 void addLevels(Gallery* gallery)
 {
-    gallery->beginSection(utf8("Level slider"));
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Level slider"));
     RaSliderWidget* volume = new RaSliderWidget(RaSliderWidget::VOLUME);
     volume->setLevel(3);
     gallery->add(volume, 120);
@@ -94,39 +92,39 @@ void addLevels(Gallery* gallery)
     brightness->setLevel(2);
     gallery->add(brightness, 120);
 
-    gallery->beginSection(utf8("Clickable label"));
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Clickable label"));
     RaClickableLabel* text = new RaClickableLabel;
-    text->setText(utf8("Settings"));
-    text->setStyleSheet(utf8("color: white; font-size: 18px"));
+    text->setText(Gallery::tr("Settings"));
+    text->setStyleSheet(QLatin1String("color: white; font-size: 18px"));
     RaClickableLabel* image = new RaClickableLabel;
-    image->setPixmap(QPixmap(utf8(":/images/back.png")));
-    image->setAccessibleName(utf8("Back"));
+    image->setPixmap(QPixmap(QLatin1String(":/images/back.png")));
+    image->setAccessibleName(Gallery::tr("Back"));
     gallery->add(sideBySide({text, image}), 50);
 }
 
 void addWindows(Gallery* gallery)
 {
-    gallery->beginSection(utf8("Spinner"));
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Spinner"));
     RaCircleWait* spinner = new RaCircleWait(nullptr);
     spinner->setColor(accent);
     gallery->add(spinner, 140);
 
-    gallery->beginSection(utf8("Progress panel"));
-    gallery->add(new RaWifiProcessingWnd(nullptr, utf8("Connecting, please wait...")), 170);
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Progress panel"));
+    gallery->add(new RaWifiProcessingWnd(nullptr, Gallery::tr("Connecting, please wait...")), 170);
 
-    gallery->beginSection(utf8("Message"));
-    RaWifiMsg* english = new RaWifiMsg(nullptr);
-    english->m_text = utf8("The network Kitchen radio could not be joined: wrong password");
-    gallery->add(english, 70);
-    RaWifiMsg* chinese = new RaWifiMsg(nullptr);
-    chinese->m_text = utf8("密码错误，请重新输入");
-    gallery->add(chinese, 70);
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Message"));
+    RaWifiMsg* refusal = new RaWifiMsg(nullptr);
+    refusal->m_text = Gallery::tr("The network Kitchen radio could not be joined: wrong password");
+    gallery->add(refusal, 70);
+    RaWifiMsg* advice = new RaWifiMsg(nullptr);
+    advice->m_text = Gallery::tr("Wrong password, please try again");
+    gallery->add(advice, 70);
 }
 
-RaItemPushBtn* networkRow(const char* name, bool locked, int level)
+RaItemPushBtn* networkRow(const QString& name, bool locked, int level)
 {
     APData network = APData();
-    std::snprintf(network.essid, sizeof network.essid, "%s", name);
+    std::snprintf(network.essid, sizeof network.essid, "%s", name.toUtf8().constData());
     network.is_encry = locked ? 2 : 1;
     network.sigquality = level;
     RaItemPushBtn* row = new RaItemPushBtn;
@@ -136,19 +134,19 @@ RaItemPushBtn* networkRow(const char* name, bool locked, int level)
 
 void addRows(Gallery* gallery)
 {
-    gallery->beginSection(utf8("Networks"));
-    RaItemPushBtn* joined = networkRow("Kitchen radio", true, 4);
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Networks"));
+    RaItemPushBtn* joined = networkRow(Gallery::tr("Kitchen radio"), true, 4);
     joined->setCheckState(true);
     joined->setConnectSuccess();
     gallery->add(joined, 60);
-    RaItemPushBtn* joining = networkRow("咖啡厅的无线网络", true, 3);
+    RaItemPushBtn* joining = networkRow(Gallery::tr("Coffee shop"), true, 3);
     joining->setConnectingStatus(true);
     gallery->add(joining, 60);
-    gallery->add(networkRow("Guests", false, 1), 60);
+    gallery->add(networkRow(Gallery::tr("Guests"), false, 1), 60);
 
-    gallery->beginSection(utf8("Password field"));
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Password field"));
     raPsWdLineEdit* field = new raPsWdLineEdit;
-    field->setplaceholdertext(utf8("请输入密码"));
+    field->setplaceholdertext(Gallery::tr("Enter the password"));
     field->setPlaceholdertextStatus();
     field->setFixedSize(300, 42);
     gallery->add(sideBySide({field}), 42);
@@ -156,16 +154,16 @@ void addRows(Gallery* gallery)
 
 void addKeyboards(Gallery* gallery)
 {
-    gallery->beginSection(utf8("Letters"));
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Letters"));
     gallery->add(new TypingSample, TypingSample::Height);
-    gallery->beginSection(utf8("Capitals"));
-    gallery->add(new TypingSample({utf8("ABC")}), TypingSample::Height);
-    gallery->beginSection(utf8("Digits"));
-    gallery->add(new TypingSample({utf8("123")}), TypingSample::Height);
-    gallery->beginSection(utf8("Symbols"));
-    gallery->add(new TypingSample({utf8("!@#")}), TypingSample::Height);
-    gallery->beginSection(utf8("More symbols"));
-    gallery->add(new TypingSample({utf8("!@#"), utf8("RI")}), TypingSample::Height);
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Capitals"));
+    gallery->add(new TypingSample({QLatin1String("ABC")}), TypingSample::Height);
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Digits"));
+    gallery->add(new TypingSample({QLatin1String("123")}), TypingSample::Height);
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Symbols"));
+    gallery->add(new TypingSample({QLatin1String("!@#")}), TypingSample::Height);
+    gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "More symbols"));
+    gallery->add(new TypingSample({QLatin1String("!@#"), QLatin1String("RI")}), TypingSample::Height);
 }
 
 } // namespace

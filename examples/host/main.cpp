@@ -9,10 +9,30 @@
 #include <rawificontrol.h>
 
 #include <QApplication>
+#include <QLocale>
+#include <QTranslator>
+
+namespace {
+
+// The library and the host each carry their own catalogues. Where the locale has none, texts are as they are
+// in the sources: the library's are English and Chinese.
+void speakTheLocale(QApplication& application)
+{
+    for (const char* catalogue : {"rawificontrol", "rawifihost"}) {
+        QTranslator* const texts = new QTranslator(&application);
+        if (texts->load(QLocale(), QLatin1String(catalogue), QLatin1String("_"),
+                        QLatin1String(":/translations"))) {
+            QApplication::installTranslator(texts);
+        }
+    }
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
+    speakTheLocale(application); // before the first text is made
 
     // The order matters: the manager's constructor forgets an application set before.
     RaWifiManager* const wifi = RaWifiManager::instance();

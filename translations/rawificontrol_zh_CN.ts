@@ -1,0 +1,201 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+<context>
+    <name>RaBaseWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+</context>
+<context>
+    <name>RaCircleWait</name>
+    <message>
+        <source>Please wait</source>
+        <translation>请稍候</translation>
+    </message>
+</context>
+<context>
+    <name>RaItemPushBtn</name>
+    <message>
+        <source>正在连接中，请等待...</source>
+        <translation>正在连接中，请等待...</translation>
+    </message>
+    <message>
+        <source>已连接</source>
+        <translation>已连接</translation>
+    </message>
+</context>
+<context>
+    <name>RaListwidget</name>
+    <message>
+        <source>Discovering...</source>
+        <translation>正在搜索...</translation>
+    </message>
+    <message>
+        <source>WIFI</source>
+        <translation>无线网络</translation>
+    </message>
+</context>
+<context>
+    <name>RaSliderWidget</name>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>亮度</translation>
+    </message>
+</context>
+<context>
+    <name>RaTitleWidget</name>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+</context>
+<context>
+    <name>RaVirtualKeyboard</name>
+    <message>
+        <source>Shift</source>
+        <translation>大小写</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>字母</translation>
+    </message>
+    <message>
+        <source>Digits</source>
+        <translation>数字</translation>
+    </message>
+    <message>
+        <source>Symbols</source>
+        <translation>符号</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>退格</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>空格</translation>
+    </message>
+    <message>
+        <source>More symbols</source>
+        <translation>更多符号</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>键盘</translation>
+    </message>
+    <message>
+        <source>PushButton</source>
+        <translation>按键</translation>
+    </message>
+</context>
+<context>
+    <name>RaWifiInputWnd</name>
+    <message>
+        <source>密码中不能有这个字符</source>
+        <translation>密码中不能有这个字符</translation>
+    </message>
+    <message>
+        <source>密码最多%1个字符</source>
+        <translation>密码最多%1个字符</translation>
+    </message>
+    <message>
+        <source>返回</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>密码</source>
+        <translation>密码</translation>
+    </message>
+    <message>
+        <source>请输入密码</source>
+        <translation>请输入密码</translation>
+    </message>
+    <message>
+        <source>显示密码</source>
+        <translation>显示密码</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>RaWifiListWidget</name>
+    <message>
+        <source>MAC  </source>
+        <translation>MAC地址  </translation>
+    </message>
+    <message>
+        <source>No networks found</source>
+        <translation>没有找到网络</translation>
+    </message>
+    <message>
+        <source>Discovering...</source>
+        <translation>正在搜索...</translation>
+    </message>
+</context>
+<context>
+    <name>RaWifiManager</name>
+    <message>
+        <source>Network Setting</source>
+        <translation>网络设置</translation>
+    </message>
+</context>
+<context>
+    <name>RaWifiService</name>
+    <message>
+        <source>config wifi failed</source>
+        <translation>无线网络配置失败</translation>
+    </message>
+    <message>
+        <source>Wifi network configuration information failed</source>
+        <translation>无线网络配置信息加载失败</translation>
+    </message>
+    <message>
+        <source>verifying information</source>
+        <translation>正在验证信息</translation>
+    </message>
+    <message>
+        <source>Data verification failed!</source>
+        <translation>数据验证失败！</translation>
+    </message>
+    <message>
+        <source>Retrieving the IP information</source>
+        <translation>正在获取IP信息</translation>
+    </message>
+    <message>
+        <source>Setting  Network information</source>
+        <translation>正在设置网络信息</translation>
+    </message>
+    <message>
+        <source>info</source>
+        <translation>信息</translation>
+    </message>
+    <message>
+        <source>User canceled...</source>
+        <translation>用户已取消...</translation>
+    </message>
+    <message>
+        <source>Failed to obtain IP information</source>
+        <translation>获取IP信息失败</translation>
+    </message>
+    <message>
+        <source>Network connection error or the server is busy,please try again</source>
+        <translation>网络连接错误或服务器忙，请重试</translation>
+    </message>
+    <message>
+        <source>Successful connection</source>
+        <translation>连接成功</translation>
+    </message>
+</context>
+</TS>
