@@ -4,6 +4,9 @@
 
 #include "joiner.h"
 #include "linkwatch.h"
+#include "networks.h"
+#include "password.h"
+#include "stopsignals.h"
 
 #include <rawificontrol.h>
 
@@ -13,33 +16,7 @@
 
 namespace {
 
-const int unranked = 999;
-
-QString kindName(int encry)
-{
-    char text[16] = "";
-    getkeymgmtByEncryValue(encry, text);
-    return QString::fromLatin1(text);
-}
-
-QJsonObject describe(const APData& ap)
-{
-    QJsonObject object;
-    addName(object, ap.essid);
-    object.insert(QLatin1String("bssid"), QString::fromLatin1(ap.macAddr));
-    object.insert(QLatin1String("kind"), kindName(ap.encry[0]));
-    object.insert(QLatin1String("locked"), ap.is_encry == 2);
-    object.insert(QLatin1String("level"), ap.sigquality);
-    object.insert(QLatin1String("saved"), ap.orderbynum < unranked);
-    return object;
-}
-
-QString tableRow(const APData& ap)
-{
-    return QString::fromLatin1("%1  %2  %3  %4  %5")
-        .arg(QString::fromLatin1(ap.macAddr), QString::number(ap.sigquality), kindName(ap.encry[0]).leftJustified(8),
-             QLatin1String(ap.orderbynum < unranked ? "saved" : "     "), visible(ap.essid));
-}
+const int monitorInterval = 8000; // ms
 
 /** The access points of a fresh scan, saved ones first, then the strongest; owned by the service. */
 QList<APData*> scan(RaWifiService& service)
@@ -50,146 +27,121 @@ QList<APData*> scan(RaWifiService& service)
     return found;
 }
 
-bool isCalled(const APData& ap, const QByteArray& network)
-{
-    return network == ap.essid || network.toLower() == QByteArray(ap.macAddr).toLower();
-}
-
 /** A network that the scan does not show, as one that hides its name would be. */
-APData hiddenNetwork(const JoinRequest& request)
+APData hiddenNetwork(const QByteArray& name, bool locked)
 {
     APData ap;
     std::memset(&ap, 0, sizeof ap);
-    ap.encry[0] = request.password.isEmpty() ? NOENCRY : WPA2_PSK;
-    qstrncpy(ap.essid, request.network.constData(), sizeof ap.essid);
+    ap.encry[0] = locked ? WPA2_PSK : NOENCRY;
+    qstrncpy(ap.essid, name.constData(), sizeof ap.essid);
     return ap;
+}
+
+QString cannotRead()
+{
+    return QLatin1String("the saved networks cannot be read");
 }
 
 } // namespace
 
-int scanCommand(Output& output)
+int scanCommand(Output& output, const Arguments&)
 {
     RaWifiService service(1, nullptr);
     const QList<APData*> found = scan(service);
+    QJsonArray list;
     for (const APData* ap : found) {
-        output.line(tableRow(*ap));
-        output.object(describe(*ap));
+        output.line(tableRow(output, *ap));
+        list.append(describe(*ap));
     }
+    output.document(list);
     if (found.isEmpty()) {
         output.error(QLatin1String("no access points found"));
-        return 1;
+        return NotFound;
     }
-    return 0;
+    return Done;
 }
 
-int joinCommand(Output& output, const JoinRequest& request)
+int joinCommand(Output& output, const Arguments& arguments)
 {
+    const QByteArray name = arguments.operand(0);
+    const bool reads = arguments.operand(1) == "-";
+    QByteArray password = reads ? lineFromInput() : QByteArray();
+
     RaWifiService service(1, nullptr);
     const QList<APData*> found = scan(service);
-    const auto seen = std::find_if(found.begin(), found.end(),
-                                   [&request](const APData* ap) { return isCalled(*ap, request.network); });
-    APData network = seen != found.end() ? **seen : hiddenNetwork(request);
-    if (!request.password.isEmpty()) {
-        if (request.password.size() >= static_cast<int>(sizeof network.psk)) {
-            output.error(QLatin1String("the password is longer than 199 bytes"));
-            return 1;
-        }
-        qstrncpy(network.psk, request.password.constData(), sizeof network.psk);
-        network.authMode = request.sharedAuth ? 0 : 1;
-        network.keyIndex = request.keyIndex;
+    const auto seen =
+        std::find_if(found.begin(), found.end(), [&name](const APData* ap) { return isCalled(*ap, name); });
+    const bool asks = arguments.has("--ask");
+    APData network = seen != found.end() ? **seen : hiddenNetwork(name, asks || !password.isEmpty());
+    const bool lacksPassword = network.encry[0] != NOENCRY && network.psk[0] == '\0' && !reads;
+    if (asks || lacksPassword) {
+        password = askPassword();
+    }
+    if (password.size() >= static_cast<int>(sizeof network.psk)) {
+        return output.failure(Failed, QLatin1String("the password is longer than 199 bytes"));
+    }
+    if (!password.isEmpty()) {
+        qstrncpy(network.psk, password.constData(), sizeof network.psk);
+        network.authMode = arguments.has("--shared") ? 0 : 1;
+        network.keyIndex = arguments.keyIndex;
     }
     if (network.encry[0] != NOENCRY && network.psk[0] == '\0') {
-        output.error(QLatin1String("this network needs a password"));
-        return 1;
+        return output.failure(Failed, QLatin1String("this network needs a password"));
     }
-    return Joiner(service, network, output).join() == 0 ? 0 : 1;
+    return Joiner(service, network, output).join() == 0 ? Done : Failed;
 }
 
-int statusCommand(Output& output)
-{
-    APData ap;
-    std::memset(&ap, 0, sizeof ap);
-    const bool known = getAPInfo(&ap) == 0;
-    const bool connected = known && ap.snow != 0;
-    const QByteArray name = QByteArray(ap.essid).trimmed();
-    const QString state = QString::fromLatin1(ap.wpa_state).trimmed();
-    const QString address = QString::fromLatin1(ap.IP).trimmed();
-    const QString bssid = QString::fromLatin1(ap.macAddr).trimmed();
-
-    QJsonObject object;
-    object.insert(QLatin1String("supplicant"), known);
-    object.insert(QLatin1String("state"), state);
-    object.insert(QLatin1String("connected"), connected);
-    object.insert(QLatin1String("linkap"), getIsConnect());
-    object.insert(QLatin1String("bssid"), bssid);
-    object.insert(QLatin1String("ip"), address);
-    object.insert(QLatin1String("level"), getAPSignalValue());
-    addName(object, name);
-    output.object(object);
-
-    if (!known) {
-        output.error(QLatin1String("the supplicant does not answer"));
-        return 1;
-    }
-    output.line(QLatin1String("state    ") + state);
-    if (connected) {
-        output.line(QLatin1String("network  ") + visible(name));
-        output.line(QLatin1String("bssid    ") + bssid);
-        output.line(QLatin1String("address  ") + address);
-    }
-    return connected ? 0 : 1;
-}
-
-int savedCommand(Output& output)
+int savedCommand(Output& output, const Arguments&)
 {
     RaWifiData store;
     if (store.loadData() != 0) {
-        output.error(QLatin1String("the saved networks cannot be read"));
-        return 1;
+        return output.failure(Failed, cannotRead());
     }
+    QJsonArray list;
     for (int i = 0; i < store.getDataCount(); ++i) {
         APData ap;
         store.getDataByIndex(&ap, i);
-        output.line(tableRow(ap));
-        output.object(describe(ap));
+        output.line(tableRow(output, ap));
+        list.append(describe(ap));
     }
-    return 0;
+    output.document(list);
+    return Done;
 }
 
-int forgetCommand(Output& output, const QByteArray& network)
+int forgetCommand(Output& output, const Arguments& arguments)
 {
     RaWifiData store;
     if (store.loadData() != 0) {
-        output.error(QLatin1String("the saved networks cannot be read"));
-        return 1;
+        return output.failure(Failed, cannotRead());
     }
-    bool known = false;
+    QJsonArray forgotten;
     for (int i = store.getDataCount() - 1; i >= 0; --i) {
         APData ap;
         store.getDataByIndex(&ap, i);
-        if (!isCalled(ap, network)) {
+        if (!isCalled(ap, arguments.operand(0))) {
             continue;
         }
-        known = true;
         if (store.reInitAPData(QString::fromLatin1(ap.macAddr)) == 1) {
-            output.error(QLatin1String("the saved networks cannot be written"));
-            return 1;
+            return output.failure(Failed, QLatin1String("the saved networks cannot be written"));
         }
+        output.line(QLatin1String("forgotten: ") + visible(ap.essid));
+        forgotten.append(describe(ap));
     }
-    if (!known) {
-        output.error(QLatin1String("no saved network is called so"));
-        return 1;
+    if (forgotten.isEmpty()) {
+        return output.failure(NotFound, QLatin1String("no saved network is called so"));
     }
-    return 0;
+    output.document(forgotten);
+    return Done;
 }
 
-int monitorCommand(Output& output, int interval, int polls)
+int monitorCommand(Output& output, const Arguments& arguments)
 {
     char mac[18] = "";
     if (getConnectMac(mac) == 0) {
-        output.error(QLatin1String("no network has been joined"));
-        return 1;
+        return output.failure(NotFound, QLatin1String("no network has been joined"));
     }
-    LinkWatch watch(output, QString::fromLatin1(mac), interval, polls);
+    const int interval = arguments.interval > 0 ? arguments.interval : monitorInterval;
+    LinkWatch watch(output, QString::fromLatin1(mac), interval, arguments.polls);
+    const StopSignals stop;
     return QCoreApplication::exec();
 }

@@ -5,11 +5,13 @@
 #include <QEventLoop>
 
 Joiner::Joiner(RaWifiService& service, const APData& network, Output& output)
-    : m_service(service), m_network(network), m_output(output)
+    : m_service(service)
+    , m_network(network)
+    , m_output(output)
 {
     // Direct, so that the times are those of the messages and not of the event loop.
-    connect(&service, SIGNAL(sendListWndInfo(int,QString,QString,int)), this,
-            SLOT(report(int,QString,QString,int)), Qt::DirectConnection);
+    connect(&service, SIGNAL(sendListWndInfo(int, QString, QString, int)), this,
+            SLOT(report(int, QString, QString, int)), Qt::DirectConnection);
 }
 
 int Joiner::join()
@@ -20,6 +22,7 @@ int Joiner::join()
     start();
     loop.exec();
     wait();
+    m_output.document(m_messages);
     return m_result;
 }
 
@@ -34,10 +37,12 @@ void Joiner::run()
 void Joiner::report(int, QString, QString message, int errflag)
 {
     const qint64 elapsed = m_clock.elapsed();
-    m_output.line(QString::fromLatin1("%1 s  %2").arg(static_cast<double>(elapsed) / 1000.0, 6, 'f', 2).arg(message));
+    const QString shown = visible(message.toUtf8()); // it may hold the name
+    m_output.line(QString::fromLatin1("%1 s  ").arg(static_cast<double>(elapsed) / 1000.0, 6, 'f', 2) +
+                  (errflag < 0 ? m_output.painted(Output::Red, shown) : shown));
     QJsonObject object;
     object.insert(QLatin1String("message"), message);
     object.insert(QLatin1String("errflag"), errflag);
     object.insert(QLatin1String("ms"), elapsed);
-    m_output.object(object);
+    m_messages.append(object);
 }

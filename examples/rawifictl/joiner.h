@@ -32,6 +32,7 @@ private:
     const APData m_network;
     Output& m_output;
     QElapsedTimer m_clock;
+    QJsonArray m_messages;
     int m_result = -1;
 };
 

@@ -5,10 +5,12 @@
 #include <QCoreApplication>
 
 LinkWatch::LinkWatch(Output& output, const QString& mac, int interval, int polls)
-    : m_output(output), m_monitor(nullptr), m_pollsLeft(polls)
+    : m_output(output)
+    , m_monitor(nullptr)
+    , m_pollsLeft(polls)
 {
     connect(&m_monitor, SIGNAL(sendMonitorConMsg(QString)), this, SLOT(confirmed(QString)));
-    connect(&m_monitor, SIGNAL(sendNetWorkStatus(int,int,QString)), this, SLOT(status(int,int,QString)));
+    connect(&m_monitor, SIGNAL(sendNetWorkStatus(int, int, QString)), this, SLOT(status(int, int, QString)));
     m_monitor.setTimerRun(interval);
     m_monitor.recCheckAPConnect(mac, getAPSignalValue());
     m_monitor.setWifiConnectStatus(1, 1);
@@ -37,7 +39,7 @@ void LinkWatch::report(const char* event, const QString& mac)
     QJsonObject object;
     object.insert(QLatin1String("event"), QLatin1String(event));
     object.insert(QLatin1String("bssid"), mac);
-    m_output.object(object);
+    m_output.document(object);
 }
 
 void LinkWatch::countPoll()

@@ -3,13 +3,14 @@
 
 // rawifictl: the library's back end on a console.
 
+#include "arguments.h"
 #include "commands.h"
+#include "output.h"
 
 #include <QApplication>
 #include <QFontMetrics>
 #include <QList>
 #include <cstdio>
-#include <cstring>
 #include <sys/stat.h>
 
 namespace {
@@ -17,103 +18,61 @@ namespace {
 const char usage[] =
     "usage: rawifictl [--json] [--verbose] COMMAND\n"
     "  scan                      list the access points in reach\n"
-    "  join NAME [PASSWORD]      join by name or BSSID; '-' reads the password from standard input\n"
+    "  join NAME [-] [--ask]     join by name or BSSID, with the saved password, or one that is asked for on "
+    "the\n"
+    "                            terminal; '-' reads it from standard input, --ask asks although one is "
+    "saved\n"
     "       [--shared] [--key-index N]   for WEP\n"
-    "  status                    the link as the supplicant sees it\n"
+    "  status [--watch [--interval MS]]  the link as the supplicant sees it; again whenever it changes\n"
     "  saved                     list the saved networks\n"
     "  forget NAME               forget a saved network by name or BSSID\n"
     "  monitor [--interval MS] [--polls N]   watch the link until it is lost\n"
-    "exit status: 0 done, 1 not done, 2 wrong usage\n";
+    "  doctor                    look for what the device lacks, and say what to do\n"
+    "  --help, --version\n"
+    "--json prints one JSON document; monitor and status --watch one a line, as things happen. Both end on "
+    "SIGINT\n"
+    "and SIGTERM with 0. No command but saved and doctor goes well beside a host that scans or joins.\n"
+    "exit status: 0 done, 1 failed, 2 wrong usage, 3 not found (access point, saved network, link)\n";
 
-struct Arguments
+struct Command
 {
-    QList<QByteArray> words;
-    bool json = false;
-    bool verbose = false;
-    bool help = false;
-    bool wrong = false;
-    JoinRequest join;
-    int interval = 8000;
-    int polls = 0;
+    const char* name;
+    int leastOperands;
+    int mostOperands;
+    QList<QByteArray> options;
+    int (*run)(Output&, const Arguments&);
 };
 
-bool readNumber(const QList<QByteArray>& all, int& i, int least, int most, int& number)
+const Command* find(const Arguments& arguments)
 {
-    bool isNumber = false;
-    number = ++i < all.size() ? all.at(i).toInt(&isNumber) : 0;
-    return isNumber && number >= least && number <= most;
-}
-
-Arguments parse(const QList<QByteArray>& all)
-{
-    Arguments arguments;
-    bool optionsEnded = false;
-    for (int i = 0; i < all.size(); ++i) {
-        const QByteArray& word = all.at(i);
-        if (optionsEnded || !word.startsWith("--")) {
-            arguments.words << word;
-        } else if (word == "--") {
-            optionsEnded = true;
-        } else if (word == "--json") {
-            arguments.json = true;
-        } else if (word == "--verbose") {
-            arguments.verbose = true;
-        } else if (word == "--help") {
-            arguments.help = true;
-        } else if (word == "--shared") {
-            arguments.join.sharedAuth = true;
-        } else if (word == "--key-index") {
-            arguments.wrong |= !readNumber(all, i, 0, 3, arguments.join.keyIndex);
-        } else if (word == "--interval") {
-            arguments.wrong |= !readNumber(all, i, 100, 3600000, arguments.interval);
-        } else if (word == "--polls") {
-            arguments.wrong |= !readNumber(all, i, 0, 1000000, arguments.polls);
-        } else {
-            arguments.wrong = true;
+    static const Command commands[] = {
+        {"scan", 0, 0, {}, scanCommand},
+        {"join", 1, 2, {"--ask", "--shared", "--key-index"}, joinCommand},
+        {"status", 0, 0, {"--watch", "--interval"}, statusCommand},
+        {"saved", 0, 0, {}, savedCommand},
+        {"forget", 1, 1, {}, forgetCommand},
+        {"monitor", 0, 0, {"--interval", "--polls"}, monitorCommand},
+        {"doctor", 0, 0, {}, doctorCommand},
+    };
+    for (const Command& command : commands) {
+        if (arguments.words.value(0) == command.name) {
+            return &command;
         }
     }
-    return arguments;
+    return nullptr;
 }
 
-QByteArray lineFromInput()
+bool isUsable(const Command& command, const Arguments& arguments)
 {
-    char line[256] = "";
-    if (!std::fgets(line, sizeof line, stdin)) {
-        return QByteArray();
+    for (const QByteArray& option : arguments.options) {
+        if (option != "--json" && option != "--verbose" && !command.options.contains(option)) {
+            return false;
+        }
     }
-    line[std::strcspn(line, "\n")] = '\0';
-    return line;
-}
-
-int run(Output& output, Arguments& arguments)
-{
-    const QByteArray command = arguments.words.value(0);
     const int operands = static_cast<int>(arguments.words.size()) - 1;
-    if (command == "scan" && operands == 0) {
-        return scanCommand(output);
-    }
-    if (command == "join" && (operands == 1 || operands == 2)) {
-        arguments.join.network = arguments.words.at(1);
-        arguments.join.password = arguments.words.value(2);
-        if (arguments.join.password == "-") {
-            arguments.join.password = lineFromInput();
-        }
-        return joinCommand(output, arguments.join);
-    }
-    if (command == "status" && operands == 0) {
-        return statusCommand(output);
-    }
-    if (command == "saved" && operands == 0) {
-        return savedCommand(output);
-    }
-    if (command == "forget" && operands == 1) {
-        return forgetCommand(output, arguments.words.at(1));
-    }
-    if (command == "monitor" && operands == 0) {
-        return monitorCommand(output, arguments.interval, arguments.polls);
-    }
-    output.error(QLatin1String("wrong usage; see rawifictl --help"));
-    return 2;
+    const bool readsInput = operands < 2 || arguments.operand(1) == "-"; // never a password
+    return !arguments.wrong && operands >= command.leastOperands && operands <= command.mostOperands &&
+           readsInput;
 }
 
 } // namespace
@@ -123,26 +82,32 @@ int main(int argc, char** argv)
     QList<QByteArray> all;
     for (int i = 1; i < argc; ++i) {
         all << QByteArray(argv[i]);
-        std::memset(argv[i], 0, std::strlen(argv[i])); // no password stays in the process list
     }
-    Arguments arguments = parse(all);
-    if (arguments.help) {
+    const Arguments arguments = parse(all);
+    if (arguments.has("--help")) {
         std::fputs(usage, stdout);
-        return 0;
+        return Done;
     }
-    if (arguments.wrong || arguments.words.isEmpty()) {
+    if (arguments.has("--version")) {
+        std::puts("rawifictl " RAWIFI_VERSION);
+        return Done;
+    }
+    const Command* const command = find(arguments);
+    if (!command || !isUsable(*command, arguments)) {
         std::fputs(usage, stderr);
-        return 2;
+        return WrongUsage;
     }
+    qputenv("RAWIFI_LOG_SECRETS", "0"); // nobody's console is the place for them
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    Output output(arguments.json, arguments.verbose);
-    QApplication application(argc, argv);
+    Output output(arguments.has("--json"), arguments.has("--verbose"));
+    int noArguments = 1; // those of the command line are not the toolkit's
+    QApplication application(noArguments, argv);
     QFontMetrics(application.font()).height(); // the first use of a font is slow: not in the middle of a join
     // The scripts' answers go there; a page that runs on the device has made it already.
     if (mkdir("/home/wifi", 0777) == 0) {
         chmod("/home/wifi", 0777);
     }
-    return run(output, arguments);
+    return command->run(output, arguments);
 }

@@ -13,7 +13,8 @@ void write(int descriptor, const QByteArray& line)
 {
     const QByteArray bytes = line + '\n';
     for (int done = 0; done < bytes.size();) {
-        const auto step = ::write(descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        const auto step =
+            ::write(descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
         if (step <= 0) {
             return;
         }
@@ -21,10 +22,29 @@ void write(int descriptor, const QByteArray& line)
     }
 }
 
+bool showsColours()
+{
+    return isatty(STDOUT_FILENO) && qgetenv("NO_COLOR").isEmpty() && qgetenv("TERM") != "dumb";
+}
+
+bool isInvisible(QChar c)
+{
+    switch (c.category()) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 Output::Output(bool json, bool verbose)
     : m_json(json)
+    , m_coloured(!json && showsColours())
     , m_out(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3))
     , m_error(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
 {
@@ -46,11 +66,29 @@ void Output::line(const QString& text)
     }
 }
 
-void Output::object(const QJsonObject& object)
+QString Output::painted(Colour colour, const QString& text) const
+{
+    return m_coloured ? QString::fromLatin1("\033[%1m%2\033[0m").arg(QString::number(colour), text) : text;
+}
+
+void Output::document(const QJsonObject& object)
 {
     if (m_json) {
         write(m_out, QJsonDocument(object).toJson(QJsonDocument::Compact));
     }
+}
+
+void Output::document(const QJsonArray& list)
+{
+    if (!m_json) {
+        return;
+    }
+    QByteArray lines;
+    for (const auto& element : list) {
+        lines += lines.isEmpty() ? "\n" : ",\n";
+        lines += QJsonDocument(element.toObject()).toJson(QJsonDocument::Compact);
+    }
+    write(m_out, '[' + lines + "\n]");
 }
 
 void Output::error(const QString& text)
@@ -58,16 +96,23 @@ void Output::error(const QString& text)
     write(m_error, "rawifictl: " + text.toUtf8());
 }
 
+ExitStatus Output::failure(ExitStatus status, const QString& text)
+{
+    error(text);
+    QJsonObject object;
+    object.insert(QLatin1String("error"), text);
+    document(object);
+    return status;
+}
+
 QString visible(const QByteArray& bytes)
 {
     const QString text = QString::fromUtf8(bytes);
-    const bool isText = text.toUtf8() == bytes;
     QString shown;
-    if (isText) {
+    if (text.toUtf8() == bytes) {
         for (const QChar c : text) {
-            shown += c.category() == QChar::Other_Control || c.category() == QChar::Other_Format
-                         ? QString::fromLatin1("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'))
-                         : QString(c);
+            shown += isInvisible(c) ? QString::fromLatin1("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'))
+                                    : QString(c);
         }
         return shown;
     }
@@ -81,6 +126,6 @@ QString visible(const QByteArray& bytes)
 
 void addName(QJsonObject& object, const QByteArray& name)
 {
-    object.insert(QLatin1String("ssid"), QString::fromUtf8(name));
+    object.insert(QLatin1String("ssid"), visible(name));
     object.insert(QLatin1String("ssid_hex"), QString::fromLatin1(name.toHex()));
 }

@@ -40,7 +40,7 @@ join() {
     [ "$join_key" != - ] || join_key=
     printf '%s\n' "$join_key" | rawifictl --json join "$(ap_field "$1" bssid)" - >/tmp/join.json 2>/tmp/join.errors
     join_status=$?
-    sed -n 's/\\"/"/g; s/.*"errflag":\([-0-9]*\),"message":"\(.*\)","ms":\([0-9]*\)}$/\1|\2/p' /tmp/join.json >/tmp/messages
+    sed -n 's/\\"/"/g; s/.*"errflag":\([-0-9]*\),"message":"\(.*\)","ms":\([0-9]*\)},\{0,1\}$/\1|\2/p' /tmp/join.json >/tmp/messages
     field ms </tmp/join.json >/tmp/times
     return "$join_status"
 }

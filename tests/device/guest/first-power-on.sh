@@ -10,7 +10,7 @@ tree=$(readlink -f "$(dirname "$0")/../../..")
 
 listed() { # listed HANDLE: as the scan shows it
     grep "\"bssid\":\"$(ap_field "$1" bssid)\"" /tmp/scan.json |
-        sed 's/,"saved".*"ssid_hex"/,"ssid_hex"/'
+        sed 's/,"saved".*"ssid_hex"/,"ssid_hex"/; s/,$//'
 }
 
 shown_hex() { # shown_hex HANDLE: the name's bytes; what a line cannot carry stays in the supplicant's notation
@@ -27,7 +27,7 @@ for handle in $(handles); do
     check "the scan shows $handle with its kind, level, lock and name" same "$(wanted "$handle")" "$(listed "$handle")"
 done
 check "the scan shows no network that hides its name" same "" "$(listed hidden)"
-check "the scan shows nothing else" same "$(handles | wc -l)" "$(wc -l </tmp/scan.json)"
+check "the scan shows nothing else" same "$(handles | wc -l)" "$(grep -c '^{' /tmp/scan.json)"
 check "nothing is saved yet" same "" "$(saved_handles)"
 
 for handle in home legacy mixed wep40 wep104 open chinese key-chars double-quote command quote-hash invalid-utf8; do
