@@ -2,7 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The rawificontrol authors
 # SPDX-License-Identifier: MIT
 """read.py commands FILE...: the commands of all fenced sh blocks, one a line, a backslash at a line's end joined.
-read.py names FILE...: every link and every file of this tree that a document names and that is not there, one a line.
+read.py names FILE...: every link, file of this tree and case of a test that a document names and that is not there, one
+a line.
 read.py saved FILE: writes a store with one network to FILE, as docs/files.md describes it."""
 import glob
 import os
@@ -59,11 +60,19 @@ def missing_files(text):
             yield name
 
 
+def missing_cases(text):
+    """Cases of test programs, suite::case."""
+    for suite, case in re.findall(r"`([a-z_]+)::(\w+)`", text):
+        programs = glob.glob(f"tests/**/tst_{suite}.cpp", recursive=True)
+        if not any(f"void {case}();" in open(program, encoding="utf-8").read() for program in programs):
+            yield f"{suite}::{case}"
+
+
 def names(path):
     with open(path, encoding="utf-8") as document:
         text = document.read()
     prose = re.sub(r"^```.*?^```$", "", text, flags=re.S | re.M)
-    return list(missing_links(path, prose)) + list(missing_files(prose))
+    return list(missing_links(path, prose)) + list(missing_files(prose)) + list(missing_cases(prose))
 
 
 def saved(path):

@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: MIT
 #
 # run.sh [BUILD]: the documents say what is so. Every command that they show in an sh block is run, or named in
-# elsewhere.txt with the test that runs it; links and names of files lead somewhere; the host of docs/embedding.md
+# elsewhere.txt with the test that runs it; links, names of files and tests lead somewhere; the host of docs/embedding.md
 # compiles with the build tree BUILD (default build/qt6) and brings a saved network back; the reference of the interface
 # covers what is installed; licences, spelling and the man page are clean. Needs scripts/packages/checks.txt.
 set -u
@@ -65,7 +65,7 @@ elsewhere() { # elsewhere COMMAND: the test that runs it
 }
 
 for document in "${documents[@]}"; do
-    check "$document: links and names of files lead somewhere" empty "$here/read.py" names "$document"
+    check "$document: links, names of files and tests lead somewhere" empty "$here/read.py" names "$document"
 done
 "$here/read.py" commands "${documents[@]}" | awk '!seen[$0]++' >"$scratch/commands"
 while IFS= read -r command <&3; do

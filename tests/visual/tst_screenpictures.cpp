@@ -111,6 +111,19 @@ QImage listAtRest()
     return ListScreen().picture();
 }
 
+// What people put on the air to fool others.
+QImage listOfHostileNames()
+{
+    return ListScreen(QList<APData>() << network(1, "<b>bold</b><img src=x>", true, 4)
+                                      << network(2, "evil\xe2\x80\xaegnp.exe", true, 3)
+                                      << network(3, "two\nlines\tand a tab", false, 3)
+                                      << network(4, "%1 %2 %s %n", true, 2)
+                                      << network(5, "\x1b[31mred\x1b[0m", true, 2)
+                                      << network(6, "\xff\xfe not UTF-8 \xc3\x28", false, 1)
+                                      << network(7, "a&b &amp; \"c\" # $(d)", true, 1))
+        .picture();
+}
+
 QImage listWhileJoining(int network, bool joined)
 {
     ListScreen screen;
@@ -231,6 +244,11 @@ QImage passwordHidden()
     return screen.picture();
 }
 
+QImage passwordForHostileName()
+{
+    return PasswordScreen("<b>x</b>%1\xe2\x80\xaegnp.exe\n\x1b[2J").picture();
+}
+
 QImage passwordLong()
 {
     PasswordScreen screen("A name of 32 bytes, all of them.");
@@ -263,6 +281,7 @@ QImage translated(QImage (*scene)())
 const Scenes scenes = {
     {"list", listAtRest},
     {"list-end", listScrolledToTheEnd},
+    {"list-hostile-names", listOfHostileNames},
     {"list-joining", [] { return listWhileJoining(2, false); }},
     {"list-joined", [] { return listWhileJoining(3, true); }},
     {"list-row-pressed", listRowPressed},
@@ -277,6 +296,7 @@ const Scenes scenes = {
     {"password-empty", passwordEmpty},
     {"password-typed", passwordTyped},
     {"password-hidden", passwordHidden},
+    {"password-hostile-name", passwordForHostileName},
     {"password-long", passwordLong},
     {"password-missing", passwordMissing},
     {"password-keyboard-moved", passwordKeyboardMoved},
