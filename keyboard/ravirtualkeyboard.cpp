@@ -234,7 +234,7 @@ bool RaVirtualKeyboard::isMoving() const
 
 void RaVirtualKeyboard::recKeyClicked(const QString& strValue)
 {
-    RA_DEBUG("enter");
+    RA_DEBUG_KEY("enter");
     // Space and the way to more symbols are of the toggling type and have no state to show: the toggle that
     // follows a click always ends in the plain look.
     spaceKey()->setCheckState(true);
@@ -427,7 +427,7 @@ void RaVirtualKeyboard::countDrag(int y)
 
 void RaVirtualKeyboard::endDrag()
 {
-    RA_DEBUG("QEvent::MouseButtonRelease:m_isMoveStatus=%d", m_isMoveStatus);
+    RA_DEBUG_KEY("QEvent::MouseButtonRelease:m_isMoveStatus=%d", m_isMoveStatus);
     m_dragged = nullptr;
     if (m_isMoveStatus < kDragSteps) {
         updatePressStatus();

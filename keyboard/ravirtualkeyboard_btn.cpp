@@ -315,7 +315,7 @@ void RaVirtualKeyboard_Btn::report()
 {
     const QString text = m_Text; // a receiver may give this key another one
     RA_DEBUG_KEY("m_keyType=%d", m_keyType);
-    RA_DEBUG("clicked(\"%s\")", raSecret(qPrintable(text)));
+    RA_DEBUG_KEY("clicked(\"%s\")", qPrintable(text));
     Q_EMIT clicked(text);
 }
 

@@ -29,15 +29,15 @@ RaFile streamOf(int descriptor, const char* mode)
     return file;
 }
 
-bool failed(const char* what, const char* path)
+bool failed(const char* what, const char* path, int error)
 {
-    RA_WARN("%s %s: %s", what, path, std::strerror(errno));
+    RA_WARN("%s %s: %s", what, path, std::strerror(error));
     return false;
 }
 
-std::string temporaryOf(const char* path)
+bool isOnDisk(std::FILE* file, const void* bytes, std::size_t size)
 {
-    return std::string(path) + ".tmp";
+    return std::fwrite(bytes, 1, size, file) == size && std::fflush(file) == 0 && fsync(fileno(file)) == 0;
 }
 
 bool flushDirectoryOf(const std::string& path)
@@ -85,36 +85,47 @@ void raClearForWriting(const char* path)
 
 bool raReplaceFile(const char* path, const void* bytes, std::size_t size)
 {
-    return raPrepareReplacement(path, bytes, size) && raCompleteReplacement(path);
+    RaReplacement replacement(path, bytes, size);
+    if (replacement.error() != 0) {
+        return failed("cannot write the new", path, replacement.error());
+    }
+    const int error = replacement.complete();
+    return error == 0 || failed("cannot replace", path, error);
 }
 
-bool raPrepareReplacement(const char* path, const void* bytes, std::size_t size)
+RaReplacement::RaReplacement(const char* path, const void* bytes, std::size_t size)
+    : m_path(path), m_temporary(m_path + ".tmp")
 {
-    const std::string temporary = temporaryOf(path);
-    RaFile file = raCreateAnew(temporary.c_str());
-    if (!file) {
-        return failed("cannot create", temporary.c_str());
+    const RaFile file = raCreateAnew(m_temporary.c_str());
+    if (!file || !isOnDisk(file.get(), bytes, size)) {
+        m_error = errno != 0 ? errno : EIO;
     }
-    const bool written = std::fwrite(bytes, 1, size, file.get()) == size && std::fflush(file.get()) == 0
-                         && fsync(fileno(file.get())) == 0;
-    if (!written) {
-        failed("cannot write", temporary.c_str());
-        file.reset();
-        unlink(temporary.c_str());
-    }
-    return written;
 }
 
-bool raCompleteReplacement(const char* path)
+RaReplacement::~RaReplacement()
 {
-    const std::string temporary = temporaryOf(path);
-    if (std::rename(temporary.c_str(), path) == -1) {
-        failed("cannot replace", path);
-        unlink(temporary.c_str());
-        return false;
+    if (!m_isInPlace) {
+        unlink(m_temporary.c_str());
     }
-    if (!flushDirectoryOf(path)) {
-        failed("cannot flush the directory of", path); // the new file is in place; only its durability is in doubt
+}
+
+int RaReplacement::complete()
+{
+    if (std::rename(m_temporary.c_str(), m_path.c_str()) == -1) {
+        return errno;
     }
-    return true;
+    m_isInPlace = true;
+    if (!flushDirectoryOf(m_path)) {
+        failed("cannot flush the directory of", m_path.c_str(), errno); // in place; only its durability is in doubt
+    }
+    return 0;
+}
+
+bool raRewriteFile(const char* path, const void* bytes, std::size_t size)
+{
+    const RaFile file = streamOf(open(path, O_WRONLY | O_CREAT | safeFlags, 0600), "w");
+    // Emptied only once it is known to be a regular file; the mode holds for a file that was there before, too.
+    const bool written = file && fchmod(fileno(file.get()), 0600) == 0 && ftruncate(fileno(file.get()), 0) == 0
+                         && isOnDisk(file.get(), bytes, size);
+    return written || failed("cannot write", path, errno);
 }

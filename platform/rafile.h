@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <memory>
+#include <string>
 
 // Files in directories that every process may write: only regular files are opened, links are not followed,
 // and nothing waits (a FIFO is refused, not opened).
@@ -41,8 +42,36 @@ void raClearForWriting(const char* path);
  */
 bool raReplaceFile(const char* path, const void* bytes, std::size_t size);
 
-/** The two halves of raReplaceFile(): the temporary file is written and flushed, then takes the file's place. */
-bool raPrepareReplacement(const char* path, const void* bytes, std::size_t size);
-bool raCompleteReplacement(const char* path);
+/**
+ * The two halves of raReplaceFile(), for what has to happen between them. The temporary file goes with the object,
+ * also when a cancellation unwinds it.
+ */
+class RaReplacement
+{
+public:
+    /** Writes and flushes the temporary file. */
+    RaReplacement(const char* path, const void* bytes, std::size_t size);
+    ~RaReplacement();
+    RaReplacement(const RaReplacement&) = delete;
+    RaReplacement& operator=(const RaReplacement&) = delete;
+
+    /** 0 when the temporary file is complete and on the disk; else the errno of what failed. */
+    int error() const { return m_error; }
+
+    /** Lets it take the file's place: 0 or an errno. Only when error() is 0. */
+    int complete();
+
+private:
+    const std::string m_path;
+    const std::string m_temporary;
+    int m_error = 0;
+    bool m_isInPlace = false;
+};
+
+/**
+ * Fills a regular file, which keeps its place, anew; its mode becomes 0600. Where a file cannot be replaced: what was
+ * in it is lost when this fails. False, and one line in the log, when it does.
+ */
+bool raRewriteFile(const char* path, const void* bytes, std::size_t size);
 
 #endif

@@ -31,28 +31,41 @@ __attribute__((format(printf, 1, 0))) std::string formatted(const char* format, 
     return text;
 }
 
-/** How many bytes from \a i on are one control character: 2 for those beyond ASCII, which begin with C2 in UTF-8. */
-std::size_t controlLength(const std::string& message, std::size_t i)
+/** Length of the UTF-8 sequence at \a i; 1 for a single byte and for whatever is no UTF-8. */
+std::size_t sequenceLength(const std::string& text, std::size_t i)
 {
-    const auto byteAt = [&message](std::size_t place) { return static_cast<unsigned char>(message[place]); };
-    if (byteAt(i) < 0x20 || byteAt(i) == 0x7f) {
-        return 1;
+    const unsigned char first = static_cast<unsigned char>(text[i]);
+    const std::size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : first >= 0xc2 ? 2 : 1;
+    for (std::size_t next = i + 1; next < i + length; ++next) {
+        if (next >= text.size() || (text[next] & 0xc0) != 0x80) {
+            return 1;
+        }
     }
-    const bool isBeyondAscii =
-        byteAt(i) == 0xc2 && i + 1 < message.size() && byteAt(i + 1) >= 0x80 && byteAt(i + 1) <= 0x9f;
-    return isBeyondAscii ? 2 : 0;
+    return length;
+}
+
+/** ASCII's control characters, and those beyond: as U+0080 to U+009F, and as bytes that an 8-bit terminal obeys. */
+bool isControl(const std::string& text, std::size_t i, std::size_t length)
+{
+    const unsigned char first = static_cast<unsigned char>(text[i]);
+    if (length == 1) {
+        return first < 0x20 || first == 0x7f || (first >= 0x80 && first <= 0x9f);
+    }
+    return first == 0xc2 && static_cast<unsigned char>(text[i + 1]) <= 0x9f;
 }
 
 void appendVisibly(std::string& line, const std::string& message)
 {
-    for (std::size_t i = 0; i < message.size();) {
-        std::size_t hidden = controlLength(message, i);
-        if (hidden == 0) {
-            line += message[i++];
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < message.size(); i += length) {
+        length = sequenceLength(message, i);
+        if (!isControl(message, i, length)) {
+            line.append(message, i, length);
+            continue;
         }
-        for (; hidden > 0; --hidden) {
+        for (std::size_t k = i; k < i + length; ++k) {
             char escape[5];
-            std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned char>(message[i++]));
+            std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned char>(message[k]));
             line += escape;
         }
     }

@@ -47,7 +47,7 @@ constexpr const char* raFileName(const char* path)
 #define RA_DEBUG(...) raLog(RaLogLevel::Debug, RA_FILE, __LINE__, __func__, __VA_ARGS__)
 #define RA_WARN(...) raLog(RaLogLevel::Warning, RA_FILE, __LINE__, __func__, __VA_ARGS__)
 
-/** A debug line that by being there tells which key of the keyboard was pressed: none without secrets in the log. */
+/** A debug line that tells, be it by standing there, which key was pressed: none without secrets in the log. */
 #define RA_DEBUG_KEY(...)           \
     do {                            \
         if (raLogsSecrets()) {      \

@@ -98,7 +98,7 @@ public Q_SLOTS:
     int recAPSwitch(bool ison);
     void recTest(bool ison); ///< Only logs.
     int recOpenWifi(bool);   ///< openWifi(), and blocks as that does.
-    void recRefreshList();   ///< Shows the list window with what the last scan has found.
+    void recRefreshList();   ///< Shows the list window with what the last scan has found; no rows once Wi-Fi is off.
     void recQuitListWnd();   ///< Hides the list window; emits backPressed().
     /** Joins \a apinfo on a worker; \a msgid 3 marks its row as joining. */
     void receiveAPManageInfo(int msgid, APData apinfo);
@@ -131,7 +131,6 @@ private:
 
     QTimer* m_timer = nullptr;
     bool m_switchOn = false;
-    bool m_isSwitchedOff = false; ///< since Wi-Fi was opened last; not so before the first time
     bool m_connected = false;
     QString m_selectedMac;
     QString m_localMac;
@@ -147,6 +146,7 @@ private:
     RaGuiThread* m_gui = nullptr; ///< the workers' way to the windows
     APData m_joining;             ///< the network of the running or last attempt
     bool m_isJoining = false;     ///< that attempt is not over yet
+    bool m_isSwitchedOff = false; ///< since Wi-Fi was opened last; not so before the first time
 };
 
 // The workers' bodies and their shared state; for the manager alone. They return null.

@@ -86,11 +86,11 @@ public:
      * Texts stand literally in double quotes; what the supplicant could not read back that way is written as
      * hexadecimal digits. A line break in a password is refused with -1, and nothing is touched. */
     ///@{
-    /** WPA and WPA2. -1 null or empty psk; -2 the file cannot be opened. */
+    /** WPA and WPA2. -1 null or empty psk; -2 the file cannot be opened or written. */
     int changeWpaConfigfile(char const* ssid, char const* psk);
-    /** WEP. -1 null, empty key or key index outside 0 to 3; -3 the file cannot be opened. */
+    /** WEP. -1 null, empty key or key index outside 0 to 3; -3 the file cannot be opened or written. */
     int changeWpaConfigfile2(char const* ssid, char const* key, int keyIndex);
-    /** Open. -1 null; -2 empty name; -3 the file cannot be opened. */
+    /** Open. -1 null; -2 empty name; -3 the file cannot be opened or written. */
     int changeWpaConfigfile3(char const* ssid, char const* psk);
     ///@}
     /** \name Joining */

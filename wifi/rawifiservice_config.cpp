@@ -4,15 +4,39 @@
 
 #include "devicepaths.h"
 #include "rafile.h"
+#include "ralog.h"
 #include "rashell.h"
 #include "supplicanttext.h"
 
 #include <QByteArray>
 #include <QList>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <unistd.h>
 
 namespace {
+
+/** The new file stands whole beside the old one before that is removed: nothing ever leaves half a file. */
+bool replaceConfig(const QByteArray& text)
+{
+    const char* const path = devicepaths::supplicantConfig;
+    const std::size_t size = static_cast<std::size_t>(text.size());
+    RaReplacement replacement(path, text.constData(), size);
+    int error = replacement.error();
+    if (error == 0 || error == EROFS) {
+        raRunCommand("rm -f /etc/wpa_supplicant.conf");
+        error = error == 0 ? replacement.complete() : error;
+        // A file that is mounted into its directory can be filled, but neither removed nor replaced.
+        if (error == EROFS || error == EBUSY) {
+            return raRewriteFile(path, text.constData(), size);
+        }
+    }
+    if (error != 0) {
+        RA_WARN("cannot replace %s: %s", path, std::strerror(error));
+    }
+    return error == 0;
+}
 
 /** Replaces the configuration by one of a single network with these lines. False when it is not in place. */
 bool writeNetwork(const QByteArray& name, const QList<QByteArray>& settings)
@@ -30,13 +54,7 @@ bool writeNetwork(const QByteArray& name, const QList<QByteArray>& settings)
     for (const QByteArray& line : lines) {
         text += line + '\n';
     }
-    // The new file stands whole beside the old one before that is removed: nothing ever leaves half a file.
-    const char* const path = devicepaths::supplicantConfig;
-    const bool prepared = raPrepareReplacement(path, text.constData(), static_cast<std::size_t>(text.size()));
-    if (prepared) {
-        raRunCommand("rm -f /etc/wpa_supplicant.conf");
-    }
-    if (!prepared || !raCompleteReplacement(path)) {
+    if (!replaceConfig(text)) {
         std::printf("Error: can't open wpa_supplicant.conf\n");
         return false;
     }

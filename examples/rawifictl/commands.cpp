@@ -80,6 +80,9 @@ int joinCommand(Output& output, const Arguments& arguments)
     if (password.size() >= static_cast<int>(sizeof network.psk)) {
         return output.failure(Failed, QLatin1String("the password is longer than 199 bytes"));
     }
+    if (password.contains('\0') || QString::fromUtf8(password).toUtf8() != password) {
+        return output.failure(Failed, QLatin1String("the password is no UTF-8 text"));
+    }
     if (!password.isEmpty()) {
         qstrncpy(network.psk, password.constData(), sizeof network.psk);
         network.authMode = arguments.has("--shared") ? 0 : 1;

@@ -35,7 +35,7 @@ void LinkWatch::status(int, int connectStatus, QString mac)
 
 void LinkWatch::report(const char* event, const QString& mac)
 {
-    m_output.line(QLatin1String(event) + QLatin1Char(' ') + mac);
+    m_output.line(QLatin1String(event) + QLatin1Char(' ') + visible(mac.toUtf8()));
     QJsonObject object;
     object.insert(QLatin1String("event"), QLatin1String(event));
     object.insert(QLatin1String("bssid"), mac);

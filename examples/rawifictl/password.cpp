@@ -55,11 +55,13 @@ QByteArray askPassword()
     }
     int caught = 0;
     QByteArray password;
+    void (*const suspending)(int) = std::signal(SIGTSTP, SIG_IGN); // or the shell would get a terminal without echo
     {
         const SignalPipe signals;
         password = lineWithoutEcho(terminal, usual, signals);
         caught = signals.caught();
     }
+    std::signal(SIGTSTP, suspending);
     close(terminal);
     if (caught != 0) {
         std::raise(caught); // the terminal is as it was

@@ -10,7 +10,7 @@
 
 namespace {
 
-const int stopping[] = {SIGINT, SIGTERM, SIGHUP};
+const int stopping[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 int pipeEnds[2] = {-1, -1};
 volatile std::sig_atomic_t last = 0;

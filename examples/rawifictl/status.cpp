@@ -28,12 +28,12 @@ int statusCommand(Output& output, const Arguments& arguments)
         return Failed;
     }
     output.line(QLatin1String("state    ") +
-                output.painted(status.connected ? Output::Green : Output::Yellow, status.state));
+                output.painted(status.connected ? Output::Green : Output::Yellow, visible(status.state.toUtf8())));
     if (!status.connected) {
         return NotFound;
     }
     output.line(QLatin1String("network  ") + visible(status.name));
-    output.line(QLatin1String("bssid    ") + status.bssid);
-    output.line(QLatin1String("address  ") + status.address);
+    output.line(QLatin1String("bssid    ") + visible(status.bssid.toUtf8()));
+    output.line(QLatin1String("address  ") + visible(status.address.toUtf8()));
     return Done;
 }

@@ -10,10 +10,11 @@ QString inWords(const Output& output, const LinkStatus& status)
         return output.painted(Output::Red, QLatin1String("the supplicant does not answer"));
     }
     if (!status.connected) {
-        return output.painted(Output::Yellow, status.state);
+        return output.painted(Output::Yellow, visible(status.state.toUtf8()));
     }
-    return output.painted(Output::Green, status.state) + QLatin1String("  ") + status.bssid +
-           QLatin1String("  ") + status.address + QLatin1String("  ") + visible(status.name);
+    return output.painted(Output::Green, visible(status.state.toUtf8())) + QLatin1String("  ")
+           + visible(status.bssid.toUtf8()) + QLatin1String("  ") + visible(status.address.toUtf8())
+           + QLatin1String("  ") + visible(status.name);
 }
 
 } // namespace

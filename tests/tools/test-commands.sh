@@ -230,11 +230,32 @@ test_a_password_is_asked_for_without_echo() {
 }
 
 test_an_interrupted_question_leaves_the_terminal_with_its_echo() {
+    local key
     air "$kitchen"
-    "$here/terminal.py" --type 'Password: ' $'\003' \
-        bash -c "trap : INT; $RAWIFICTL join Kitchen; echo ended with \$?; stty -a" >/tmp/out
-    grep -q '[^-]echo ' /tmp/out || problem "no echo: $(cat /tmp/out)"
-    expect_in_out 'ended with 130'
+    for key in $'\003 130' $'\034 131'; do # Ctrl-C, Ctrl-\
+        "$here/terminal.py" --type 'Password: ' "${key% *}" \
+            bash -c "trap : INT QUIT; $RAWIFICTL join Kitchen; echo ended with \$?; stty -a" >/tmp/out
+        grep -q '[^-]echo ' /tmp/out || problem "no echo: $(cat /tmp/out)"
+        expect_in_out "ended with ${key#* }"
+    done
+}
+
+test_a_password_that_is_no_text_is_refused() {
+    local password
+    air "$kitchen"
+    for password in 'caf\351pass' 'opensesame\0rest'; do
+        # shellcheck disable=SC2059 # the bytes are meant
+        printf "$password" | "$RAWIFICTL" join Kitchen - >/tmp/out 2>/tmp/err
+        result=$?
+        expect_result 1
+        expect_in_err 'the password is no UTF-8 text'
+    done
+}
+
+test_what_is_no_address_is_made_visible_as_well() {
+    air "$(printf '\033]0;x\007 02:00:00:00\t2412\t-45\t[ESS]\tTrap')"
+    run scan
+    expect_not_in_out "$escape"
 }
 
 test_monitor_reports_the_link_until_its_loss() {

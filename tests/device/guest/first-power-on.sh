@@ -30,6 +30,8 @@ check "the scan shows no network that hides its name" same "" "$(listed hidden)"
 check "the scan shows nothing else" same "$(handles | wc -l)" "$(grep -c '^{' /tmp/scan.json)"
 check "nothing is saved yet" same "" "$(saved_handles)"
 
+own_address_is() { ifconfig wlan0 | grep -qE "inet (addr:)?$1 "; }
+
 for handle in home legacy mixed wep40 wep104 open chinese key-chars double-quote command quote-hash invalid-utf8; do
     join "$handle"
     check "$handle: joined" same 0 $?
@@ -39,6 +41,7 @@ for handle in home legacy mixed wep40 wep104 open chinese key-chars double-quote
     check "$handle: the gateway answers through the default route" pings_gateway "$handle"
     check "$handle: the status files say so" same "1 $(ap_field "$handle" bssid) $(ap_field "$handle" level)" \
         "$(cat /home/wifi/linkap.txt /home/wifi/curmac.txt /home/wifi/signal.txt | tr '\n' ' ' | sed 's/ $//')"
+    check "$handle: the device's address stands in its file" own_address_is "$(cat /home/wifi/ipinfo.txt)"
     check "$handle: the configuration is the owner's alone" same 600 "$(mode_of /etc/wpa_supplicant.conf)"
     if [ "$handle" = home ]; then
         # Measured on the way: the time to the address and to the end of the procedure's fixed waits.

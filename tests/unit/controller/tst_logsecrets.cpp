@@ -32,8 +32,8 @@ namespace {
 const char joinedFirst[] = "Lounge";
 const char typedCharacter[] = "text=";
 
-// The same keys that change the page, and otherwise not one character the same: a blank against a sign, too.
-const char* const passwords[] = {"wKx7402 &]qY", "hDp9631_ }mT"};
+// As long as each other, and nothing else the same: of every kind and with many changes of the page, and of one kind.
+const char* const passwords[] = {"wKx7402 &]qY", "hjzpvbnoicda"};
 const char saved[] = "R9s-saved-by-another-flow";
 const char wrong[] = "V2w-by-a-keyboard";
 const char wrongByFinger[] = "V2w";
@@ -363,7 +363,7 @@ void TestLogSecrets::withTheVariableNoLineHoldsAPassword()
     }
     QVERIFY(log.count(typedCharacter) > int(qstrlen(passwords[0])));
     QCOMPARE(log.count(QByteArray(typedCharacter) + "***,objName = pwdLineEdit"), log.count(typedCharacter));
-    QCOMPARE(log.count("clicked(\"***\")"), log.count("clicked(\""));
+    QVERIFY(!log.contains("clicked(\""));
 }
 
 // Then no character, and nothing about one, can be got out of it.
@@ -371,7 +371,7 @@ void TestLogSecrets::withTheVariableTheLogIsTheSameWhateverIsTyped()
 {
     const Lines one = logOf(0, "0");
     const Lines other = logOf(1, "0");
-    QVERIFY(aboutTyping(one).size() > 100);
+    QVERIFY(aboutTyping(one).size() > int(qstrlen(passwords[0])));
     QVERIFY(areSame(aboutTyping(one), aboutTyping(other)));
     QVERIFY(areSame(notAboutTyping(one), notAboutTyping(other)));
 }

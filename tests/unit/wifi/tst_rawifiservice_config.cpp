@@ -54,6 +54,7 @@ private Q_SLOTS:
     void fileThatCannotBeOpenedIsReported_data();
     void fileThatCannotBeOpenedIsReported();
     void linkIsNotFollowed();
+    void aMountedFileIsFilledInItsPlace();
     void modeIsTheOwnersAlone();
     void commandsAndFlush_data();
     void commandsAndFlush();
@@ -224,6 +225,20 @@ void TestConfig::linkIsNotFollowed()
     QCOMPARE(service.changeWpaConfigfile("home", "password"), 0);
     QVERIFY(fakesystem::readFile(configFile).startsWith(head));
     QCOMPARE(fakesystem::readFile("/home/victim"), QByteArray("untouched"));
+}
+
+// As in an image that is read-only but for some files.
+void TestConfig::aMountedFileIsFilledInItsPlace()
+{
+    fakesystem::writeFile("/home/mounted", older);
+    fakesystem::runForReal("mount --bind /home/mounted /etc/wpa_supplicant.conf");
+    RaWifiService service(1, nullptr);
+    const int result = service.changeWpaConfigfile("home", "password");
+    const QByteArray filled = fakesystem::readFile("/home/mounted");
+    fakesystem::runForReal("umount /etc/wpa_supplicant.conf");
+    QCOMPARE(result, 0);
+    QVERIFY(filled.startsWith(head) && !filled.contains(older));
+    QVERIFY(!fakesystem::exists("/etc/wpa_supplicant.conf.tmp"));
 }
 
 void TestConfig::modeIsTheOwnersAlone()
