@@ -35,7 +35,7 @@ __attribute__((format(printf, 1, 0))) std::string formatted(const char* format, 
 std::size_t sequenceLength(const std::string& text, std::size_t i)
 {
     const unsigned char first = static_cast<unsigned char>(text[i]);
-    const std::size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : first >= 0xc2 ? 2 : 1;
+    const std::size_t length = first < 0xc2 || first > 0xf4 ? 1 : first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
     for (std::size_t next = i + 1; next < i + length; ++next) {
         if (next >= text.size() || (text[next] & 0xc0) != 0x80) {
             return 1;

@@ -10,6 +10,7 @@
 #include "rawifiservice.h"
 
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QtTest>
 #include <algorithm>
 
@@ -40,21 +41,20 @@ APData record(const QByteArray& name, const QByteArray& password = QByteArray())
     return network(1, asName(name), true, 3, asPassword(password).constData());
 }
 
-/** What a log line makes of \a bytes that stand within it. */
+/** What a log line makes of \a bytes that stand within it: signs in UTF-8 stay, control characters are escaped. */
 QByteArray asLogged(const QByteArray& bytes)
 {
+    // One character a byte, so that the expression works on bytes.
+    const QRegularExpression part(QLatin1String("([\\xe0-\\xef][\\x80-\\xbf]{2}|[\\xf0-\\xf4][\\x80-\\xbf]{3}|"
+                                                "[\\xc3-\\xdf][\\x80-\\xbf]|\\xc2[\\xa0-\\xbf])|"
+                                                "(\\xc2[\\x80-\\x9f]|[\\x00-\\x1f\\x7f-\\x9f])|."),
+                                  QRegularExpression::DotMatchesEverythingOption);
     QByteArray shown;
-    for (int i = 0; i < bytes.size(); ++i) {
-        const uchar byte = static_cast<uchar>(bytes.at(i));
-        const bool beginsControl = byte == 0xc2 && i + 1 < bytes.size() && uchar(bytes.at(i + 1)) - 0x80u < 0x20u;
-        const int escaped = beginsControl ? 2 : byte < 0x20 || byte == 0x7f ? 1 : 0;
-        if (escaped == 0) {
-            shown += char(byte);
-        }
-        for (int j = 0; j < escaped; ++j) {
-            shown += "\\x" + bytes.mid(i + j, 1).toHex();
-        }
-        i += qMax(escaped - 1, 0);
+    QRegularExpressionMatchIterator parts = part.globalMatch(QString::fromLatin1(bytes));
+    while (parts.hasNext()) {
+        const QRegularExpressionMatch match = parts.next();
+        const QByteArray text = match.captured().toLatin1();
+        shown += match.capturedLength(2) > 0 ? "\\x" + text.toHex('x').replace("x", "\\x") : text;
     }
     return shown;
 }
