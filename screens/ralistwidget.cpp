@@ -12,6 +12,7 @@
 #include "recordtext.h"
 #include "sharedstate.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QResizeEvent>
 #include <QTimer>
@@ -92,6 +93,13 @@ void RaListwidget::setListData()
         return;
     }
     const bool hadFocus = isFocusOnRow();
+    const bool switchHadFocus = window()->focusWidget() == m_switchRow;
+    // Rows that appear one by one make the toolkit ask a display server for the pointer each. A finger on the list
+    // would lose its hold.
+    const bool appearTogether = isVisible() && QApplication::mouseButtons() == Qt::NoButton;
+    if (appearTogether) {
+        hide();
+    }
     dropRows();
     m_isEnableMove = true;
     RA_DEBUG("m_isEnableMove=%d", m_isEnableMove);
@@ -103,8 +111,13 @@ void RaListwidget::setListData()
     m_switchRow->setGeometry(shortSwitchRect);
     setSwitchPos(switchInFirstItem);
     m_switchRow->show();
+    if (appearTogether) {
+        show();
+    }
     if (hadFocus) {
         focusCurrentItem();
+    } else if (switchHadFocus) {
+        m_switchRow->setFocus(Qt::OtherFocusReason);
     }
 }
 

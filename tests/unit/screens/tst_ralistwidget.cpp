@@ -104,6 +104,7 @@ private Q_SLOTS:
     void keysStayInTheListWhenRowsAreReplaced_data();
     void keysStayInTheListWhenRowsAreReplaced();
     void replacedRowsLeaveTheFocusOfOthersAlone();
+    void replacedRowsLeaveTheFocusOfTheSwitchAlone();
     void wheelScrolls_data();
     void wheelScrolls();
 
@@ -592,6 +593,20 @@ void TestRaListwidget::replacedRowsLeaveTheFocusOfOthersAlone()
     list.setListData();
     sweep();
     QCOMPARE(window.focusWidget(), static_cast<QWidget*>(&other));
+}
+
+void TestRaListwidget::replacedRowsLeaveTheFocusOfTheSwitchAlone()
+{
+    QWidget window;
+    ShownList list(5);
+    list.setParent(&window);
+    QPushButton other(&window);
+    window.show();
+    list.show();
+    list.switchRow()->setFocus();
+    list.setListData();
+    sweep();
+    QCOMPARE(window.focusWidget(), static_cast<QWidget*>(list.switchRow()));
 }
 
 void TestRaListwidget::wheelScrolls_data()
