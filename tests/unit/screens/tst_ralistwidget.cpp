@@ -603,6 +603,8 @@ void TestRaListwidget::replacedRowsLeaveTheFocusOfTheSwitchAlone()
     QPushButton other(&window);
     window.show();
     list.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window)); // only then the focus moves on from what is hidden
     list.switchRow()->setFocus();
     list.setListData();
     sweep();
