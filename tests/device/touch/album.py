@@ -30,7 +30,7 @@ class Album:
 
     def step(self, name):
         """Keeps the screen once it shows something new and has come to rest; False when that does not happen."""
-        shown = wait_until(self._new_picture_at_rest, 10)
+        shown = wait_until(self._new_picture_at_rest, 30)
         self._last = shown or self._device.screen.picture()
         self._last.quantize(256).save(self._directory / f"{name}.png", optimize=True)
         self._frames.append((self._last, STEP_SECONDS))
