@@ -303,7 +303,7 @@ void TestRaWifiManagerWorkers::theScanFunctionLogsItsSteps()
     const Page page;
     QSignalSpy refreshes(page.get(), SIGNAL(sendRefreshList()));
     const QByteArray where =
-        QByteArray::number(static_cast<uint>(reinterpret_cast<quintptr>(page.get())), 16).toUpper();
+        QByteArray::number(static_cast<uint>(reinterpret_cast<quintptr>(page.get())), 16).toUpper().rightJustified(4);
     const Lines steps = Lines() << "call pthread scan dev " << "--thread_scanap point =" + where + "--"
                                 << "--RaWifiManager point =" + where + "--" << "data.size is 0";
     void* result = this;
