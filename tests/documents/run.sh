@@ -45,7 +45,7 @@ shown_without_warning() { # shown_without_warning PAGE
     echo "$shown"
     [ -s "$scratch/page" ] && [ -z "$shown" ]
 }
-describes() { # describes PAGE PROGRAM: every option and command of the program's own usage is in the page
+describes() { # describes PAGE PROGRAM: every option and command that PROGRAM --help names is in the page
     local word missing=0
     man -l "$1" >"$scratch/page" 2>/dev/null
     for word in $("$2" --help | grep -oE -- '--[a-z][a-z-]*|^  [a-z]+'); do
