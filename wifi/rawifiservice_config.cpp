@@ -17,7 +17,7 @@
 
 namespace {
 
-/** The new file stands whole beside the old one before that is removed: nothing ever leaves half a file. */
+/** The new file stands whole beside the old one before that is removed, so that nothing leaves half a file. */
 bool replaceConfig(const QByteArray& text)
 {
     const char* const path = devicepaths::supplicantConfig;
@@ -27,7 +27,7 @@ bool replaceConfig(const QByteArray& text)
     if (error == 0 || error == EROFS) {
         raRunCommand("rm -f /etc/wpa_supplicant.conf");
         error = error == 0 ? replacement.complete() : error;
-        // A file that is mounted into its directory can be filled, but neither removed nor replaced.
+        // A file that is mounted into its directory can only be filled in its place.
         if (error == EROFS || error == EBUSY) {
             return raRewriteFile(path, text.constData(), size);
         }
