@@ -7,6 +7,7 @@
 #include "fakesystem.h"
 #include "rawifiservice.h"
 #include "savedlists.h"
+#include "testsize.h"
 #include "tracedchild.h"
 
 #include <QDir>
@@ -26,12 +27,8 @@ namespace {
 
 const char configFile[] = "/etc/wpa_supplicant.conf";
 const char configTemporary[] = "/etc/wpa_supplicant.conf.tmp";
-/** 10,000 take half a minute; fewer are enough for every day, and for a sanitizer's slow forks. */
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-const int killsAtRandom = 100;
-#else
-const int killsAtRandom = qgetenv("RAWIFI_LONG") == "1" ? 10000 : 1000;
-#endif
+/** 10,000 take half a minute; fewer are enough for every day, and fewer still for a sanitizer's slow forks. */
+const int killsAtRandom = qEnvironmentVariableIntValue("RAWIFI_LONG") == 1 ? 10000 : repetitions(1000, 100);
 
 int modeOf(const char* path)
 {
