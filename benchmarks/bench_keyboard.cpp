@@ -24,10 +24,7 @@ const int pageHeight = 480;
 class KeyboardPage : public EmptyWindow
 {
 public:
-    KeyboardPage()
-        : EmptyWindow(pageWidth, pageHeight)
-        , m_keyboard(this)
-        , m_painted(m_keyboard.spaceKey())
+    KeyboardPage() : EmptyWindow(pageWidth, pageHeight), m_keyboard(this), m_painted(m_keyboard.spaceKey())
     {
         m_keyboard.move(0, pageHeight - m_keyboard.height());
     }
@@ -146,7 +143,7 @@ int main(int argc, char** argv)
                 "the first page with the keyboard %ld KiB (heap %ld)\n",
                 host.own, host.heap, empty.own, empty.heap, page.own, page.heap);
     printFigure("keyboard page: construction until it is seen", built, 15.0, "ms");
-    printFigure("keyboard page: memory beyond an empty window",
-                static_cast<double>(page.own - empty.own) / 1024.0, 1.5, "MiB");
+    printFigure("keyboard page: memory beyond an empty window", static_cast<double>(page.own - empty.own) / 1024.0, 1.5,
+                "MiB");
     return 0;
 }

@@ -64,14 +64,13 @@ int main(int argc, char** argv)
 
     const double floor = medianNanoseconds(rounds, [&empty] { empty.repaint(); }) / 1e6;
     const double press = medianNanoseconds(
-                             rounds, [key] { tap(key); }, makeReady) /
-                         1e6;
+                             rounds, [key] { tap(key); }, makeReady)
+                         / 1e6;
     if (shown <= rounds || painted.count < shown) {
         std::fprintf(stderr, "%d of %d characters typed, %d repaints\n", shown, rounds + 1, painted.count);
         return 1;
     }
-    std::printf("a repaint of an empty window %.3f ms, a tap on a key of the password page %.3f ms\n", floor,
-                press);
+    std::printf("a repaint of an empty window %.3f ms, a tap on a key of the password page %.3f ms\n", floor, press);
     printFigure("key: from the press to the repainted field", press, 4.0, "ms");
     return 0;
 }

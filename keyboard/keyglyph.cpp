@@ -17,8 +17,8 @@ QPainterPath outline(RaKeyGlyph glyph)
         break;
     case RaKeyGlyph::Shift: {
         QPolygonF arrow;
-        arrow << QPointF(0, -9) << QPointF(9, 0) << QPointF(4, 0) << QPointF(4, 8) << QPointF(-4, 8)
-              << QPointF(-4, 0) << QPointF(-9, 0);
+        arrow << QPointF(0, -9) << QPointF(9, 0) << QPointF(4, 0) << QPointF(4, 8) << QPointF(-4, 8) << QPointF(-4, 0)
+              << QPointF(-9, 0);
         path.addPolygon(arrow);
         path.closeSubpath();
         break;

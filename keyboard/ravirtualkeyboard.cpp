@@ -69,8 +69,7 @@ KeyLook keyLook(KeyRole role)
         return {SWITCHBTN, RaKeyGlyph::Space, ":/images/space_key.png",
                 QT_TRANSLATE_NOOP("RaVirtualKeyboard", "Space")};
     case KeyRole::NextPage:
-        return {SWITCHBTN, RaKeyGlyph::NextPage, nullptr,
-                QT_TRANSLATE_NOOP("RaVirtualKeyboard", "More symbols")};
+        return {SWITCHBTN, RaKeyGlyph::NextPage, nullptr, QT_TRANSLATE_NOOP("RaVirtualKeyboard", "More symbols")};
     }
     return {TEXTBTN, RaKeyGlyph::None, nullptr, nullptr};
 }
@@ -91,9 +90,7 @@ int screenY(const QWidget* widget, const QEvent* event)
 
 } // namespace
 
-RaVirtualKeyboard::RaVirtualKeyboard(QWidget* parent)
-    : QWidget(parent)
-    , m_ui(new Ui_RaVirtualKeyboard)
+RaVirtualKeyboard::RaVirtualKeyboard(QWidget* parent) : QWidget(parent), m_ui(new Ui_RaVirtualKeyboard)
 {
     m_ui->setupUi(this);
     m_moveTimer = new QTimer(this);
@@ -161,8 +158,7 @@ void RaVirtualKeyboard::setSymbolPage(int page)
         for (RaVirtualKeyboard_Btn* key : row) {
             const KeyEntry& entry = entries.at(next++);
             if (entry.role == KeyRole::None && key->hasFocus()) {
-                pageKey->setFocus(
-                    Qt::OtherFocusReason); // or hiding the key would send it out of the keyboard
+                pageKey->setFocus(Qt::OtherFocusReason); // or hiding the key would send it out of the keyboard
             }
             dressKey(key, entry);
             key->setCurrent(key == pageKey);
@@ -192,8 +188,8 @@ QString RaVirtualKeyboard::keyText(const KeyEntry& entry) const
 
 void RaVirtualKeyboard::switchLetterStatus()
 {
-    for (QMap<int, bool>::const_iterator flag = mode_flag_map_.constBegin();
-         flag != mode_flag_map_.constEnd(); ++flag) {
+    for (QMap<int, bool>::const_iterator flag = mode_flag_map_.constBegin(); flag != mode_flag_map_.constEnd();
+         ++flag) {
         RA_DEBUG_KEY("...mode_flag_map_[%d]=%d", flag.key(), flag.value());
     }
     if (!mode_flag_map_[LettersShown]) {

@@ -17,12 +17,10 @@
 
 namespace {
 
-const char kUncheckedStyle[] =
-    "QPushButton{background-color: rgba(54,54, 54,100%);font-size:28px;color:white;"
-    "border:1px solid rgba(0,0,0,0%);border-radius:10px;}";
-const char kCheckedStyle[] =
-    "QPushButton{background-color: rgba(248, 129, 133,100%);font-size:28px;color:white;"
-    "border:1px solid rgba(0,0,0,0%);border-radius:10px;}";
+const char kUncheckedStyle[] = "QPushButton{background-color: rgba(54,54, 54,100%);font-size:28px;color:white;"
+                               "border:1px solid rgba(0,0,0,0%);border-radius:10px;}";
+const char kCheckedStyle[] = "QPushButton{background-color: rgba(248, 129, 133,100%);font-size:28px;color:white;"
+                             "border:1px solid rgba(0,0,0,0%);border-radius:10px;}";
 const int kClickGuard = 100; // ms
 const int kHoldTime = 100;   // ms
 const qreal kCornerRadius = 10;
@@ -77,10 +75,7 @@ int RaVirtualKeyboard_ProxyStyle::pixelMetric(PixelMetric metric, const QStyleOp
     return metric == PM_TextCursorWidth ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
-RairtualKeyboard_Lb::RairtualKeyboard_Lb(QWidget* parent)
-    : QLabel(parent)
-{
-}
+RairtualKeyboard_Lb::RairtualKeyboard_Lb(QWidget* parent) : QLabel(parent) {}
 
 void RairtualKeyboard_Lb::setText(const QString& text)
 {
@@ -94,11 +89,11 @@ void RairtualKeyboard_Lb::clear()
 }
 
 RaVirtualKeyboard_Btn::RaVirtualKeyboard_Btn(QWidget* parent)
-    : QPushButton(parent)
-    , m_clickTimer(new QTimer(this))
-    , m_holdTimer(new QTimer(this))
-    , m_finger(kNoFinger)
-    , m_glyph(RaKeyGlyph::None)
+    : QPushButton(parent),
+      m_clickTimer(new QTimer(this)),
+      m_holdTimer(new QTimer(this)),
+      m_finger(kNoFinger),
+      m_glyph(RaKeyGlyph::None)
 {
     setAttribute(Qt::WA_AcceptTouchEvents);
     connect(m_clickTimer, SIGNAL(timeout()), this, SLOT(updatePressStatus()));
@@ -245,8 +240,8 @@ void RaVirtualKeyboard_Btn::mouseReleaseEvent(QMouseEvent* event)
     }
     m_releasePos = raEventPos(event);
     // One more than QRect::contains() would take in: the edges count as inside.
-    const bool inside = m_releasePos.x() >= 0 && m_releasePos.x() <= width() && m_releasePos.y() >= 0 &&
-                        m_releasePos.y() <= height();
+    const bool inside =
+        m_releasePos.x() >= 0 && m_releasePos.x() <= width() && m_releasePos.y() >= 0 && m_releasePos.y() <= height();
     if (inside) {
         completeClick();
     }

@@ -41,8 +41,7 @@ public:
         verticalLayout->setContentsMargins(1, 1, 1, 1);
 
         // The row layouts' names differ in case, and "shirt" is how the shift key's name is spelt.
-        addRow("widget_key1", "Widget_Key_1", 4,
-               {"btn1_Lshirt", "btn1_02", "btn1_03", "btn1_04", "btn1_backspace"});
+        addRow("widget_key1", "Widget_Key_1", 4, {"btn1_Lshirt", "btn1_02", "btn1_03", "btn1_04", "btn1_backspace"});
         addRow("widget_key2", "widget_key_2", 2, {"btn2_01", "btn2_02", "btn2_03", "btn2_04", "btn2_05"});
         addRow("widget_key3", "widget_key_3", 2, {"btn3_01", "btn3_02", "btn3_03", "btn3_04", "btn3_05"});
         addRow("widget_key4", "widget_key_4", 2, {"btn4_01", "btn4_02", "btn4_03", "btn4_04", "btn4_05"});

@@ -32,8 +32,7 @@ bool sessionBusExists()
 
 bool systemBusExists()
 {
-    return !qgetenv("DBUS_SYSTEM_BUS_ADDRESS").isEmpty()
-           || QFile::exists(QLatin1String("/run/dbus/system_bus_socket"))
+    return !qgetenv("DBUS_SYSTEM_BUS_ADDRESS").isEmpty() || QFile::exists(QLatin1String("/run/dbus/system_bus_socket"))
            || QFile::exists(QLatin1String("/var/run/dbus/system_bus_socket"));
 }
 
@@ -63,17 +62,16 @@ QDBusConnection& bus()
 // The bus name that stands for a channel; empty where the channel's name is too long to have one.
 QString busName(const QString& channel)
 {
-    const QString name =
-        QLatin1String("org.rawificontrol.QCop.c") + QString::fromLatin1(channel.toUtf8().toHex());
+    const QString name = QLatin1String("org.rawificontrol.QCop.c") + QString::fromLatin1(channel.toUtf8().toHex());
     return name.size() <= busNameLimit ? name : QString();
 }
 
 // Asks the bus itself. It answers in order, so its answer also means that it has taken everything sent before.
 QDBusMessage askBus(const char* question, const QVariantList& arguments)
 {
-    QDBusMessage request = QDBusMessage::createMethodCall(
-        QLatin1String("org.freedesktop.DBus"), QLatin1String("/org/freedesktop/DBus"),
-        QLatin1String("org.freedesktop.DBus"), QLatin1String(question));
+    QDBusMessage request =
+        QDBusMessage::createMethodCall(QLatin1String("org.freedesktop.DBus"), QLatin1String("/org/freedesktop/DBus"),
+                                       QLatin1String("org.freedesktop.DBus"), QLatin1String(question));
     request.setArguments(arguments);
     return bus().call(request);
 }
@@ -81,10 +79,7 @@ QDBusMessage askBus(const char* question, const QVariantList& arguments)
 class MessageEvent : public QEvent
 {
 public:
-    MessageEvent(const QString& message, const QByteArray& bytes)
-        : QEvent(QEvent::User), msg(message), data(bytes)
-    {
-    }
+    MessageEvent(const QString& message, const QByteArray& bytes) : QEvent(QEvent::User), msg(message), data(bytes) {}
     const QString msg;
     const QByteArray data;
 };
@@ -179,7 +174,8 @@ void updateBusName(const QString& channel)
 } // namespace
 
 QCopChannel::QCopChannel(const QString& channel, QObject* parent)
-    : QObject(parent), m_receiver(new QCopReceiver(channel, this))
+    : QObject(parent),
+      m_receiver(new QCopReceiver(channel, this))
 {
     {
         const std::lock_guard<std::mutex> lock(registry().mutex);
@@ -241,8 +237,8 @@ bool QCopChannel::send(const QString& channel, const QString& msg, const QByteAr
         }
     }
     if (bus().isConnected()) {
-        QDBusMessage message = QDBusMessage::createSignal(QLatin1String(busPath), QLatin1String(busInterface),
-                                                          QLatin1String(busSignal));
+        QDBusMessage message =
+            QDBusMessage::createSignal(QLatin1String(busPath), QLatin1String(busInterface), QLatin1String(busSignal));
         message << channel << msg << data;
         bus().send(message);
     }

@@ -94,7 +94,8 @@ bool raReplaceFile(const char* path, const void* bytes, std::size_t size)
 }
 
 RaReplacement::RaReplacement(const char* path, const void* bytes, std::size_t size)
-    : m_path(path), m_temporary(m_path + ".tmp")
+    : m_path(path),
+      m_temporary(m_path + ".tmp")
 {
     const RaFile file = raCreateAnew(m_temporary.c_str());
     if (!file || !isOnDisk(file.get(), bytes, size)) {

@@ -24,6 +24,7 @@ bool RaGuiThread::run(const std::function<void()>& work)
     if (m_closed) {
         return false;
     }
+    // cppcheck-suppress danglingLifetime ; taken out again before this returns
     m_waiting.push_back(&call);
     QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     while (call.progress == Progress::Waiting || call.progress == Progress::Running) {

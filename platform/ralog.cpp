@@ -95,9 +95,9 @@ void raLog(RaLogLevel level, const char* file, int line, const char* function, c
     localtime_r(&now, &local);
 
     char prefix[256];
-    std::snprintf(prefix, sizeof prefix, "\033[%dm[%02d:%02d:%02d tid:%ld %c/LOG]  [%s: %d : (%s)]  ",
-                  debug ? 32 : 33, local.tm_hour, local.tm_min, local.tm_sec,
-                  static_cast<long>(syscall(SYS_gettid)), debug ? 'D' : 'W', file, line, function);
+    std::snprintf(prefix, sizeof prefix, "\033[%dm[%02d:%02d:%02d tid:%ld %c/LOG]  [%s: %d : (%s)]  ", debug ? 32 : 33,
+                  local.tm_hour, local.tm_min, local.tm_sec, static_cast<long>(syscall(SYS_gettid)), debug ? 'D' : 'W',
+                  file, line, function);
 
     va_list arguments;
     va_start(arguments, format);

@@ -48,11 +48,11 @@ constexpr const char* raFileName(const char* path)
 #define RA_WARN(...) raLog(RaLogLevel::Warning, RA_FILE, __LINE__, __func__, __VA_ARGS__)
 
 /** A debug line that tells, be it by standing there, which key was pressed: none without secrets in the log. */
-#define RA_DEBUG_KEY(...)           \
-    do {                            \
-        if (raLogsSecrets()) {      \
-            RA_DEBUG(__VA_ARGS__);  \
-        }                           \
+#define RA_DEBUG_KEY(...)          \
+    do {                           \
+        if (raLogsSecrets()) {     \
+            RA_DEBUG(__VA_ARGS__); \
+        }                          \
     } while (false)
 
 #endif

@@ -9,9 +9,9 @@ const int longestName = 20;
 bool isUnseen(ushort c)
 {
     return c < 0x20 || (c >= 0x7f && c <= 0x9f)         // controls
-           || (c >= 0x2028 && c <= 0x202e)               // separators, embeddings, overrides
-           || c == 0x061c || c == 0x200e || c == 0x200f  // direction marks
-           || (c >= 0x2066 && c <= 0x2069);              // isolates
+           || (c >= 0x2028 && c <= 0x202e)              // separators, embeddings, overrides
+           || c == 0x061c || c == 0x200e || c == 0x200f // direction marks
+           || (c >= 0x2066 && c <= 0x2069);             // isolates
 }
 
 } // namespace

@@ -64,7 +64,6 @@ QPixmap picture(const QString& path)
 
 QString signalPicture(bool locked, int level)
 {
-    const unsigned number = static_cast<unsigned>(level);
-    return QLatin1String(locked ? ":/images/wifie" : ":/images/wifi")
-           + QString::number(number == 0 ? 1 : number < 5 ? number : 5) + QLatin1String(".png");
+    const unsigned number = qBound(1U, static_cast<unsigned>(level), 5U); // what is negative has every bar
+    return QLatin1String(locked ? ":/images/wifie" : ":/images/wifi") + QString::number(number) + QLatin1String(".png");
 }

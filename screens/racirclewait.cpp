@@ -14,10 +14,7 @@ const int DotAngle = 36;
 
 } // namespace
 
-RaCircleWait::RaCircleWait(QWidget* parent)
-    : RaBaseWidget(nullptr)
-    , m_color(Qt::black)
-    , m_timer(new QTimer)
+RaCircleWait::RaCircleWait(QWidget* parent) : RaBaseWidget(nullptr), m_color(Qt::black), m_timer(new QTimer)
 {
     Q_UNUSED(parent);
     setWindowFlags(Qt::FramelessWindowHint);

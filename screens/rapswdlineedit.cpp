@@ -9,8 +9,9 @@
 
 namespace {
 
-const char placeholderLook[] = "height:35px;border:0px solid #eaeaea;border-radius:14px; background-color:rgb(54,54,54);"
-                               "caret-color:red ;font-size:22px;color:gray";
+const char placeholderLook[] =
+    "height:35px;border:0px solid #eaeaea;border-radius:14px; background-color:rgb(54,54,54);"
+    "caret-color:red ;font-size:22px;color:gray";
 const char typingLook[] = "height:35px;border:0px solid #eaeaea;border-radius:14px; background-color:rgb(54,54,54);"
                           "caret-color:red ;font-size:25px;color:white";
 const char searchMark[] = ":/images/search-icon.png";

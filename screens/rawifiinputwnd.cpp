@@ -58,8 +58,7 @@ QPixmap faded(const QPixmap& pixmap)
 
 } // namespace
 
-RaWifiInputWnd::RaWifiInputWnd(QWidget* parent)
-    : QWidget(parent), m_data(freshRecord()), m_tipsTimer(new QTimer(this))
+RaWifiInputWnd::RaWifiInputWnd(QWidget* parent) : QWidget(parent), m_data(freshRecord()), m_tipsTimer(new QTimer(this))
 {
     QPalette colours = palette();
     colours.setColor(QPalette::Window, RaTheme::background());

@@ -63,7 +63,8 @@ int networkCount()
 } // namespace
 
 RaWifiListWidget::RaWifiListWidget(QWidget* parent, bool backShown, QString title, QString mac)
-    : QWidget(parent, Qt::FramelessWindowHint), m_joining(freshRecord())
+    : QWidget(parent, Qt::FramelessWindowHint),
+      m_joining(freshRecord())
 {
     setDark(this);
     resize(pageWidth, parent ? parent->height() : usualHeight);

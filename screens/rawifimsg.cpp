@@ -11,8 +11,7 @@ const int SideMargin = 8;
 
 } // namespace
 
-RaWifiMsg::RaWifiMsg(QWidget* parent)
-    : RaBaseWidget(nullptr)
+RaWifiMsg::RaWifiMsg(QWidget* parent) : RaBaseWidget(nullptr)
 {
     Q_UNUSED(parent);
     setWindowFlags(Qt::FramelessWindowHint);

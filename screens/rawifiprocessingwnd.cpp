@@ -19,8 +19,7 @@ QString fitted(const QString& text, QLabel* label)
     const QRect room = label->contentsRect();
     QString shown = text;
     for (int kept = int(text.size()) - 1;
-         kept >= 0 && !room.contains(metrics.boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, shown));
-         --kept) {
+         kept >= 0 && !room.contains(metrics.boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, shown)); --kept) {
         shown = text.left(kept).trimmed() + QChar(0x2026);
     }
     return shown;
@@ -29,8 +28,8 @@ QString fitted(const QString& text, QLabel* label)
 } // namespace
 
 RaWifiProcessingWnd::RaWifiProcessingWnd(QWidget* parent, QString text)
-    : QWidget(nullptr)
-    , m_spinner(new RaCircleWait(this))
+    : QWidget(nullptr),
+      m_spinner(new RaCircleWait(this))
 {
     Q_UNUSED(parent);
     setWindowFlags(Qt::FramelessWindowHint);
@@ -49,8 +48,7 @@ RaWifiProcessingWnd::RaWifiProcessingWnd(QWidget* parent, QString text)
     m_label->setTextFormat(Qt::PlainText);
     m_label->setAlignment(Qt::AlignCenter);
     m_label->setWordWrap(true);
-    m_label->setStyleSheet(
-        QLatin1String("QLabel {font-size: 20px;color: #BDC8E2;background-color: #1e2129;}"));
+    m_label->setStyleSheet(QLatin1String("QLabel {font-size: 20px;color: #BDC8E2;background-color: #1e2129;}"));
     m_label->setText(fitted(text, m_label));
     m_label->show();
 

@@ -6,7 +6,9 @@
 #include "ravirtualkeyboard_btn.h"
 
 SpaceKeyBlank::SpaceKeyBlank(RaVirtualKeyboard* keyboard, const QString& editName)
-    : QObject(keyboard), m_keyboard(keyboard), m_editName(editName)
+    : QObject(keyboard),
+      m_keyboard(keyboard),
+      m_editName(editName)
 {
     connect(keyboard->spaceKey(), SIGNAL(clicked(QString)), this, SLOT(keyClicked(QString)));
 }

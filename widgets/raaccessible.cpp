@@ -6,26 +6,23 @@
 
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0) && !defined(QT_NO_ACCESSIBILITY)
 
-#include "raclickablelabel.h"
-#include "rasliderwidget.h"
-#include "raswitchbutton.h"
-#include "raswitchlistwidget.h"
-#include "ratitlewidget.h"
+#    include "raclickablelabel.h"
+#    include "rasliderwidget.h"
+#    include "raswitchbutton.h"
+#    include "raswitchlistwidget.h"
+#    include "ratitlewidget.h"
 
-#include <QAccessibleWidget>
-#include <QCoreApplication>
-#include <QKeyEvent>
-#include <QVariant>
+#    include <QAccessibleWidget>
+#    include <QCoreApplication>
+#    include <QKeyEvent>
+#    include <QVariant>
 
 namespace {
 
 class Control : public QAccessibleWidget
 {
 public:
-    Control(QWidget* widget, QAccessible::Role role)
-        : QAccessibleWidget(widget, role)
-    {
-    }
+    Control(QWidget* widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
 
     QAccessible::State state() const override
     {
@@ -37,10 +34,7 @@ public:
         return state;
     }
 
-    QStringList actionNames() const override
-    {
-        return QStringList(mainAction()) + QAccessibleWidget::actionNames();
-    }
+    QStringList actionNames() const override { return QStringList(mainAction()) + QAccessibleWidget::actionNames(); }
 
     void doAction(const QString& name) override
     {
@@ -60,10 +54,7 @@ private:
 class Slider : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:
-    explicit Slider(RaSliderWidget* slider)
-        : QAccessibleWidget(slider, QAccessible::Slider)
-    {
-    }
+    explicit Slider(RaSliderWidget* slider) : QAccessibleWidget(slider, QAccessible::Slider) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override
     {
@@ -72,8 +63,7 @@ public:
     }
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? QString::number(slider()->getLevel())
-                                          : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Value ? QString::number(slider()->getLevel()) : QAccessibleWidget::text(kind);
     }
 
     QVariant currentValue() const override { return slider()->getLevel(); }

@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "rabasewidget.h"
 
-RaBaseWidget::RaBaseWidget(QWidget* parent)
-    : QWidget(parent)
-{
-}
+RaBaseWidget::RaBaseWidget(QWidget* parent) : QWidget(parent) {}
 
 RaBaseWidget::~RaBaseWidget() {}
 

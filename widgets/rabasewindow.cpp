@@ -42,9 +42,9 @@ Qt::Alignment alignmentOf(const QWidget* content)
 } // namespace
 
 RaBaseWindow::RaBaseWindow(QWidget* parent, QString title, QString subtitle)
-    : QWidget(nullptr)
-    , m_title(title)
-    , m_subtitle(subtitle)
+    : QWidget(nullptr),
+      m_title(title),
+      m_subtitle(subtitle)
 {
     Q_UNUSED(parent);
     setWindowFlags(Qt::FramelessWindowHint);
@@ -94,8 +94,7 @@ void RaBaseWindow::createTitleBar(const QString& title, const QString& subtitle)
 
     m_titleLabel = new QLabel(m_titleBar);
     m_titleLabel->setTextFormat(Qt::PlainText);
-    m_titleLabel->setStyleSheet(
-        QLatin1String("QLabel {font-size: 22px;color: #ffffff;background-color: #1e2129;}"));
+    m_titleLabel->setStyleSheet(QLatin1String("QLabel {font-size: 22px;color: #ffffff;background-color: #1e2129;}"));
     if (!title.isEmpty()) {
         m_titleLabel->setText(title);
     }
@@ -103,8 +102,7 @@ void RaBaseWindow::createTitleBar(const QString& title, const QString& subtitle)
     m_subtitleLabel = new QLabel(m_titleBar);
     m_subtitleLabel->setTextFormat(Qt::PlainText);
     m_subtitleLabel->setMinimumWidth(TitleBarHeight - SideMargin); // an empty one balances the back label
-    m_subtitleLabel->setStyleSheet(
-        QLatin1String("QLabel {font-size: 18px;color: #ffffff;background-color: #1e2129;}"));
+    m_subtitleLabel->setStyleSheet(QLatin1String("QLabel {font-size: 18px;color: #ffffff;background-color: #1e2129;}"));
     if (!subtitle.isEmpty()) {
         m_subtitleLabel->setText(subtitle);
     }

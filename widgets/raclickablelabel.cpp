@@ -10,8 +10,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-RaClickableLabel::RaClickableLabel(QWidget* parent)
-    : QLabel(parent)
+RaClickableLabel::RaClickableLabel(QWidget* parent) : QLabel(parent)
 {
     raInstallAccessibility();
     setFocusPolicy(Qt::TabFocus);

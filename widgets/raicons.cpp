@@ -14,8 +14,7 @@ namespace {
 class IconCanvas
 {
 public:
-    IconCanvas(QPainter* painter, const QRectF& area)
-        : m_painter(painter)
+    IconCanvas(QPainter* painter, const QRectF& area) : m_painter(painter)
     {
         const qreal side = qMin(area.width(), area.height());
         painter->save();

@@ -13,14 +13,14 @@
 #include <QPainter>
 
 RaSliderWidget::RaSliderWidget(RA_SLIDERTYPE type, QWidget* parent)
-    : RaBaseWidget(parent)
-    , m_inactiveColor(QLatin1String("#363636"))
-    , m_activeColor(QLatin1String("#f88185"))
-    , m_type(type)
-    , m_levels(type == VOLUME ? 5 : 4)
-    , m_increasePicture(type == VOLUME ? QLatin1String(":pngs/images/increase_vol.png")
-                                       : QLatin1String(":pngs/images/increase_brightness.png"))
-    , m_decreasePicture(type == VOLUME ? QLatin1String(":pngs/images/decrease_vol.png")
+    : RaBaseWidget(parent),
+      m_inactiveColor(QLatin1String("#363636")),
+      m_activeColor(QLatin1String("#f88185")),
+      m_type(type),
+      m_levels(type == VOLUME ? 5 : 4),
+      m_increasePicture(type == VOLUME ? QLatin1String(":pngs/images/increase_vol.png")
+                                       : QLatin1String(":pngs/images/increase_brightness.png")),
+      m_decreasePicture(type == VOLUME ? QLatin1String(":pngs/images/decrease_vol.png")
                                        : QLatin1String(":pngs/images/decrease_brightness.png"))
 {
     raInstallAccessibility();

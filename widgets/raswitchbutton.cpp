@@ -11,10 +11,7 @@
 #include <QPainter>
 #include <QTimer>
 
-RaSwitchButton::RaSwitchButton(QWidget* parent)
-    : QWidget(parent)
-    , m_face(new RaSwitchFace)
-    , m_timer(new QTimer(this))
+RaSwitchButton::RaSwitchButton(QWidget* parent) : QWidget(parent), m_face(new RaSwitchFace), m_timer(new QTimer(this))
 {
     raInstallAccessibility();
     setFont(RaSwitchFace::font());

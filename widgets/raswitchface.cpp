@@ -16,25 +16,23 @@ enum Style { HalfWidthKnob = 0, RoundKnob = 1, WideRoundKnob = 2 };
 QColor blended(const QColor& off, const QColor& on, double onShare)
 {
     const double offShare = 1 - onShare;
-    return QColor(qRound(off.red() * offShare + on.red() * onShare),
-                  qRound(off.green() * offShare + on.green() * onShare),
-                  qRound(off.blue() * offShare + on.blue() * onShare),
-                  qRound(off.alpha() * offShare + on.alpha() * onShare));
+    return QColor(
+        qRound(off.red() * offShare + on.red() * onShare), qRound(off.green() * offShare + on.green() * onShare),
+        qRound(off.blue() * offShare + on.blue() * onShare), qRound(off.alpha() * offShare + on.alpha() * onShare));
 }
 
 } // namespace
 
 RaSwitchFace::RaSwitchFace()
-    : bgColorOff(225, 225, 225)
-    , bgColorOn(250, 250, 250)
-    , sliderColorOff(100, 100, 100)
-    , sliderColorOn(100, 184, 255)
-    , textColorOff(255, 255, 255)
-    , textColorOn(10, 10, 10)
-    , imageOff(QLatin1String(":/image/btncheckoff1.png"))
-    , imageOn(QLatin1String(":/image/btncheckon1.png"))
-{
-}
+    : bgColorOff(225, 225, 225),
+      bgColorOn(250, 250, 250),
+      sliderColorOff(100, 100, 100),
+      sliderColorOn(100, 184, 255),
+      textColorOff(255, 255, 255),
+      textColorOn(10, 10, 10),
+      imageOff(QLatin1String(":/image/btncheckoff1.png")),
+      imageOn(QLatin1String(":/image/btncheckon1.png"))
+{}
 
 QFont RaSwitchFace::font()
 {

@@ -26,9 +26,9 @@ const int SwitchOnX = 30;
 } // namespace
 
 RaSwitchListWidget::RaSwitchListWidget(QWidget* parent)
-    : RaBaseWidget(parent)
-    , m_face(new RaSwitchFace)
-    , m_timer(new QTimer(this))
+    : RaBaseWidget(parent),
+      m_face(new RaSwitchFace),
+      m_timer(new QTimer(this))
 {
     raInstallAccessibility();
     setFocusPolicy(Qt::TabFocus);
@@ -230,8 +230,7 @@ QRect RaSwitchListWidget::switchRect() const
 QRect RaSwitchListWidget::hitRect() const
 {
     const QRect shown = switchRect();
-    return shown.isEmpty() ? QRect()
-                           : shown.adjusted(-FingerMargin, -FingerMargin, FingerMargin, FingerMargin);
+    return shown.isEmpty() ? QRect() : shown.adjusted(-FingerMargin, -FingerMargin, FingerMargin, FingerMargin);
 }
 
 void RaSwitchListWidget::updateValue()
@@ -318,8 +317,7 @@ void RaSwitchListWidget::drawItem(QPainter* painter, const QRect& item, const QS
     painter->fillRect(item, RaTheme::row());
     QFont textFont = font();
     textFont.setPixelSize(18);
-    const int end =
-        item.contains(switchRect()) ? switchRect().left() - FingerMargin : width() - SwitchRightMargin;
+    const int end = item.contains(switchRect()) ? switchRect().left() - FingerMargin : width() - SwitchRightMargin;
     const QRect room(TextLeft, item.top(), qMax(0, end - TextLeft), item.height());
     painter->setFont(textFont);
     painter->setPen(RaTheme::text());

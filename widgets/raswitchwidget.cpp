@@ -25,10 +25,10 @@ void drawText(QPainter* painter, const QRect& area, int pixelSize, const QColor&
 } // namespace
 
 RaSwitchWidget::RaSwitchWidget(QWidget* parent, QString text1, QString text2)
-    : RaBaseWidget(parent)
-    , m_text1(text1)
-    , m_text2(text2)
-    , m_switch(new RaSwitchButton(this))
+    : RaBaseWidget(parent),
+      m_text1(text1),
+      m_text2(text2),
+      m_switch(new RaSwitchButton(this))
 {
     m_switch->setGeometry(QRect(QPoint(235, 15), QPoint(294, 44)));
     m_switch->setButtonStyle(RaSwitchButton::ButtonStyle_Round);

@@ -19,23 +19,21 @@ const int TopMargin = 5;
 
 bool isOnBackMark(const QPoint& position)
 {
-    return position.x() >= 1 && position.x() <= BackMarkEnd && position.y() >= 1 &&
-           position.y() <= BackMarkEnd;
+    return position.x() >= 1 && position.x() <= BackMarkEnd && position.y() >= 1 && position.y() <= BackMarkEnd;
 }
 
 } // namespace
 
-RaTitleWidget::RaTitleWidget(QWidget* parent)
-    : QWidget(nullptr)
+RaTitleWidget::RaTitleWidget(QWidget* parent) : QWidget(nullptr)
 {
     Q_UNUSED(parent);
     init();
 }
 
 RaTitleWidget::RaTitleWidget(QString title, QString right, bool ignored, QWidget* parent)
-    : QWidget(nullptr)
-    , m_title(title)
-    , m_right(right)
+    : QWidget(nullptr),
+      m_title(title),
+      m_right(right)
 {
     Q_UNUSED(ignored);
     Q_UNUSED(parent);

@@ -48,9 +48,9 @@ private:
     void startWatchdog();
 
     QTimer* const m_watchdog;
-    int m_number = 0;       ///< of the attempt under way
-    int m_requested = 0;    ///< the attempt that asked for the watchdog last
-    int m_watched = 0;      ///< the attempt for which it was started last
+    int m_number = 0;    ///< of the attempt under way
+    int m_requested = 0; ///< the attempt that asked for the watchdog last
+    int m_watched = 0;   ///< the attempt for which it was started last
     int m_milliseconds = 0;
 };
 

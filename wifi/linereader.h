@@ -15,8 +15,8 @@ class LineReader
 {
 public:
     enum Limit : long {
-        statusLimit = 64L * 1024,        ///< bytes of a status file; the supplicant's are below one KiB
-        scanLimit = 16L * 1024 * 1024    ///< bytes of a scan result: more than 65,000 lines of full length
+        statusLimit = 64L * 1024,     ///< bytes of a status file; the supplicant's are below one KiB
+        scanLimit = 16L * 1024 * 1024 ///< bytes of a scan result: more than 65,000 lines of full length
     };
 
     /** \a file is not owned. */
@@ -30,7 +30,7 @@ private:
 
     std::FILE* m_file;
     long m_left;
-    char m_line[lineSize];
+    char m_line[lineSize] = {};
 };
 
 #endif

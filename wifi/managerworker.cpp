@@ -3,9 +3,9 @@
 #include "managerworker.h"
 
 #include "ralog.h"
-#include "raworkerthread.h"
 #include "rawifiManager.h"
 #include "rawifiglobals.h"
+#include "raworkerthread.h"
 #include "recordtext.h"
 #include "sharedstate.h"
 

@@ -31,11 +31,13 @@ const int markAsJoining = 3;
 } // namespace
 
 RaWifiManager::RaWifiManager(QWidget* parent)
-    : QWidget(parent), m_gui(new RaGuiThread(this)), m_joining(freshRecord())
+    : QWidget(parent),
+      m_objectName(QLatin1String("RaWifiManager")),
+      m_gui(new RaGuiThread(this)),
+      m_joining(freshRecord())
 {
     qRegisterMetaType<APData>("APData");
     p_App = nullptr;
-    m_objectName = QLatin1String("RaWifiManager");
     setObjectName(m_objectName);
     storeFlag(g_monitorStatus, false);
     {
@@ -100,6 +102,7 @@ void RaWifiManager::setMainAppObj(QApplication* application)
 
 void RaWifiManager::Init()
 {
+    // cppcheck-suppress publicAllocationError ; the window owns it
     m_timer = new QTimer(this);
     connect(m_timer, SIGNAL(timeout()), this, SLOT(timeout()));
     connect(this, SIGNAL(sendRefreshList()), this, SLOT(recRefreshList()));
@@ -143,16 +146,18 @@ void RaWifiManager::makeServiceAndMonitor()
     // Three of these have no signal or slot to connect: they fail with the toolkit's warning, and are kept.
     if (!m_service) {
         m_service = new RaWifiService(1, this);
+        // clang-format off
         connect(m_service, SIGNAL(sendListWndInfo(int,QString,QString,int)), this,
                 SLOT(recShowInfo(int,QString,QString,int)));
+        // clang-format on
         connect(m_service, SIGNAL(sendSetStatusMsg(QString,bool)), this, SLOT(recServiceStatusMsg(QString,bool)));
         connect(m_service, SIGNAL(sendPrgFun(int)), this, SLOT(recPrgFun(int)));
     }
     if (!m_monitor) {
         m_monitor = new RaWifiMonitor(this);
         m_monitor->hide(); // a widget without a face
-        connect(m_monitor, SIGNAL(sendNetWorkStatus(int,int,QString)), this,
-                SLOT(receiveMonitorStatus(int,int ,QString))); // the blank is part of the warning
+        // The blank before the comma is part of the toolkit's warning.
+        connect(m_monitor, SIGNAL(sendNetWorkStatus(int,int,QString)), SLOT(receiveMonitorStatus(int,int ,QString)));
         connect(m_service, SIGNAL(sendCheckAPConnect(QString,int)), m_monitor, SLOT(recCheckAPConnect(QString,int)));
         connect(m_monitor, SIGNAL(sendMonitorConMsg(QString)), this, SLOT(recMonitorConMsg(QString)));
     }
@@ -390,8 +395,7 @@ void RaWifiManager::showAPListWnd()
     if (!m_listWindow) {
         RA_DEBUG("+++++++++++++++++RaWifiManager::showAPListWnd::create UI+++++++++++++++++++++++++");
     }
-    createListWindow(SIGNAL(sendMenuExitListWin(QString,int,APData*)),
-                     SLOT(recMenuExitListWin(QString,int,APData*)));
+    createListWindow(SIGNAL(sendMenuExitListWin(QString,int,APData*)), SLOT(recMenuExitListWin(QString,int,APData*)));
 }
 
 void RaWifiManager::checkAPListWnd()

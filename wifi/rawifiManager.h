@@ -153,12 +153,12 @@ private:
 RAWIFI_EXPORT void* thread_scanap(void* arg);       ///< The scan; \a arg is the manager.
 RAWIFI_EXPORT void* thread_connectuseap(void* arg); ///< The join of g_PassParam; \a arg is a number to log.
 
-extern RAWIFI_EXPORT QApplication* p_App;            ///< the host's application object
-extern RAWIFI_EXPORT RaWifiManager* pWnd;            ///< the manager that the connect worker works for
-extern RAWIFI_EXPORT pthread_t p_thread_msg;         ///< the worker started last, 0 before the first; only to compare
-extern RAWIFI_EXPORT pthread_t p_thread_connectap;   ///< never set
-extern RAWIFI_EXPORT pthread_attr_t attr;            ///< valid only while a worker is being started
-extern RAWIFI_EXPORT pthread_mutex_t mutex;          ///< valid only while a scan worker is being started
-extern RAWIFI_EXPORT QMutex m_conMux;                ///< released by the connect worker when it ends
+extern RAWIFI_EXPORT QApplication* p_App;          ///< the host's application object
+extern RAWIFI_EXPORT RaWifiManager* pWnd;          ///< the manager that the connect worker works for
+extern RAWIFI_EXPORT pthread_t p_thread_msg;       ///< the worker started last, 0 before the first; only to compare
+extern RAWIFI_EXPORT pthread_t p_thread_connectap; ///< never set
+extern RAWIFI_EXPORT pthread_attr_t attr;          ///< valid only while a worker is being started
+extern RAWIFI_EXPORT pthread_mutex_t mutex;        ///< valid only while a scan worker is being started
+extern RAWIFI_EXPORT QMutex m_conMux;              ///< released by the connect worker when it ends
 
 #endif

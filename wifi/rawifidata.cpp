@@ -4,8 +4,8 @@
 
 #include "devicepaths.h"
 #include "rafile.h"
-#include "ralog.h"
 #include "raglobalfun.h"
+#include "ralog.h"
 #include "recordtext.h"
 
 #include <cstddef>

@@ -16,10 +16,10 @@ class RaWifiManager;
 /** The block through which the manager hands work to its threads. */
 struct _PassParam
 {
-    QString text;          ///< the requested network's password; empty when no work is pending
-    APData* pinfo;         ///< the network to work on; owned by the block, null when the workers are torn down
-    int flags;             ///< cleared when the block is set up
-    RaWifiManager* owner;  ///< the manager that started the work; not owned
+    QString text;         ///< the requested network's password; empty when no work is pending
+    APData* pinfo;        ///< the network to work on; owned by the block, null when the workers are torn down
+    int flags;            ///< cleared when the block is set up
+    RaWifiManager* owner; ///< the manager that started the work; not owned
 };
 
 // The lists own their records. Inside the library they are touched under one lock; a host reads them on the

@@ -15,7 +15,9 @@
 #include <cstring>
 
 RaWifiMonitor::RaWifiMonitor(QWidget* parent)
-    : QWidget(parent), m_timer(new QTimer(this)), m_status(new APData(freshRecord()))
+    : QWidget(parent),
+      m_timer(new QTimer(this)),
+      m_status(new APData(freshRecord()))
 {
     connect(m_timer, SIGNAL(timeout()), this, SLOT(timeout()));
 }

@@ -17,21 +17,21 @@ enum ENCRY : int { NOENCRY = 1, WEP = 2, WPA_PSK = 3, WPA2_PSK = 4 };
  */
 struct APData
 {
-    char essid[40];      ///< network name, the bytes on the air
-    char macAddr[18];    ///< BSSID, "00:11:22:33:44:55"; the identity of a saved network
-    char key_mgmt[100];  ///< "NOENCRY", "WEP", "WPA-PSK", "WPA2-PSK" or the supplicant's own text
-    char wpa_state[20];  ///< supplicant state, for example "COMPLETED"; empty in scanned and saved records
-    char psk[200];       ///< password or passphrase
-    char IP[16];         ///< dotted IPv4 address
-    int encry[2];        ///< ENCRY kinds; the first is the one to connect with
-    int sigquality;      ///< signal level 1 to 4, 0 unknown
-    int id;              ///< network number
-    int snow;            ///< 0 not completed, 1 completed without key management, 2 completed with
-    int orderbynum;      ///< rank in the list, smallest first; 999 not ranked
-    int connectSUC;      ///< 1 when it has been joined, else 0
-    int authMode;        ///< authentication mode; for WEP 0 is shared, anything else open
-    int keyIndex;        ///< WEP key index, 0 to 3
-    int is_encry;        ///< 1 open, 2 locked, 0 unknown
+    char essid[40];     ///< network name, the bytes on the air
+    char macAddr[18];   ///< BSSID, "00:11:22:33:44:55"; the identity of a saved network
+    char key_mgmt[100]; ///< "NOENCRY", "WEP", "WPA-PSK", "WPA2-PSK" or the supplicant's own text
+    char wpa_state[20]; ///< supplicant state, for example "COMPLETED"; empty in scanned and saved records
+    char psk[200];      ///< password or passphrase
+    char IP[16];        ///< dotted IPv4 address
+    int encry[2];       ///< ENCRY kinds; the first is the one to connect with
+    int sigquality;     ///< signal level 1 to 4, 0 unknown
+    int id;             ///< network number
+    int snow;           ///< 0 not completed, 1 completed without key management, 2 completed with
+    int orderbynum;     ///< rank in the list, smallest first; 999 not ranked
+    int connectSUC;     ///< 1 when it has been joined, else 0
+    int authMode;       ///< authentication mode; for WEP 0 is shared, anything else open
+    int keyIndex;       ///< WEP key index, 0 to 3
+    int is_encry;       ///< 1 open, 2 locked, 0 unknown
 };
 
 /** One saved network; its 388 bytes are what the store file has, integers in native byte order. */

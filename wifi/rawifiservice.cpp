@@ -21,8 +21,8 @@
 
 namespace {
 
-const int macTextLimit = 1028;    // bytes read of the script's answer
-const char moduleCommand[] = "";  // this library has no kernel module to load
+const int macTextLimit = 1028;   // bytes read of the script's answer
+const char moduleCommand[] = ""; // this library has no kernel module to load
 const int modulePasses = 60;
 
 bool isAnswered(const char* path)
@@ -34,15 +34,15 @@ bool isAnswered(const char* path)
 } // namespace
 
 RaWifiService::RaWifiService(int, QWidget* parent)
-    : QObject(nullptr)
-    , m_authMode(0)
-    , m_keyIndex(0)
-    , m_watchdog(new QTimer(this))
-    , m_parentWidget(parent)
-    , m_store(new RaWifiData)
-    , m_currentAp(freshRecord())
-    , m_pendingSave(nullptr)
-    , m_attempt(new ConnectAttempt(m_watchdog))
+    : QObject(nullptr),
+      m_authMode(0),
+      m_keyIndex(0),
+      m_watchdog(new QTimer(this)),
+      m_parentWidget(parent),
+      m_store(new RaWifiData),
+      m_currentAp(freshRecord()),
+      m_pendingSave(nullptr),
+      m_attempt(new ConnectAttempt(m_watchdog))
 {
     setField(m_gateway, "");
     setField(m_route, "");

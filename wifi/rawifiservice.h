@@ -153,8 +153,8 @@ private:
     QByteArray nameOnAir(const QString& mac, const QString& essid) const;
     int writeConfig(ENCRY encry, const QByteArray& name, const QByteArray& key, int authMode, int keyIndex);
     bool loadConfig();
-    void rememberRequest(const QString& mac, ENCRY encry, const QByteArray& name, const QByteArray& key,
-                         int sigquality, int authMode, int keyIndex);
+    void rememberRequest(const QString& mac, ENCRY encry, const QByteArray& name, const QByteArray& key, int sigquality,
+                         int authMode, int keyIndex);
     void startDhcpStage();
     void endDhcpStage();
     bool waitForDhcpStage();

@@ -86,9 +86,7 @@ int RaWifiService::changeWpaConfigfile2(char const* ssid, char const* key, int k
     const QByteArray index = QByteArray::number(m_keyIndex);
     QList<QByteArray> settings;
     settings << "\tkey_mgmt=NONE"
-             << "\twep_key" + index + "=" + wepKeyValue(key)
-             << "\twep_tx_keyidx=" + index
-             << "priority=5"
+             << "\twep_key" + index + "=" + wepKeyValue(key) << "\twep_tx_keyidx=" + index << "priority=5"
              << QByteArray(m_authMode != 0 ? "auth_alg=OPEN" : "auth_alg=SHARED");
     if (!writeNetwork(ssid, settings)) {
         return -3;

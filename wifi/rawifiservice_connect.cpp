@@ -23,10 +23,10 @@
 
 namespace {
 
-const int listRow = 0;            // every message is about the list's first row
-const int rowTextWidth = 250;     // pixels of a row's name
+const int listRow = 0;        // every message is about the list's first row
+const int rowTextWidth = 250; // pixels of a row's name
 const int watchdogMs = 60000;
-const int lastTry = 11;           // misses or failed reads already counted when the next one is the last
+const int lastTry = 11; // misses or failed reads already counted when the next one is the last
 const int scriptPauseMs = 5;
 const int settleMs = 1000;
 const int retryPauseMs = 2000;
@@ -42,8 +42,8 @@ struct LockStatusCleared
 
 } // namespace
 
-int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QString psk, int sigquality,
-                                    int authMode, int keyIndex)
+int RaWifiService::connectCertainAP(QString mac, ENCRY encry, QString essid, QString psk, int sigquality, int authMode,
+                                    int keyIndex)
 {
     const QByteArray name = nameOnAir(mac, essid);
     const QByteArray key = bytesFromText(psk);
@@ -274,8 +274,7 @@ QByteArray RaWifiService::nameOnAir(const QString& mac, const QString& essid) co
     return bytesFromText(essid);
 }
 
-int RaWifiService::writeConfig(ENCRY encry, const QByteArray& name, const QByteArray& key, int authMode,
-                               int keyIndex)
+int RaWifiService::writeConfig(ENCRY encry, const QByteArray& name, const QByteArray& key, int authMode, int keyIndex)
 {
     if (name.contains('\0') || key.contains('\0')) {
         return -1; // would be written cut short
@@ -310,8 +309,8 @@ bool RaWifiService::loadConfig()
     return true;
 }
 
-void RaWifiService::rememberRequest(const QString& mac, ENCRY encry, const QByteArray& name,
-                                    const QByteArray& key, int sigquality, int authMode, int keyIndex)
+void RaWifiService::rememberRequest(const QString& mac, ENCRY encry, const QByteArray& name, const QByteArray& key,
+                                    int sigquality, int authMode, int keyIndex)
 {
     APData request = freshRecord();
     setField(request.essid, name);
@@ -388,8 +387,7 @@ int RaWifiService::retrieveAddress(const QString& name)
         RA_DEBUG("no address yet, failed read %d", failedReads);
         if (failedReads >= lastTry) {
             RA_DEBUG("--------nNum= %d---------", failedReads);
-            const int result =
-                failed(name, tr("Network connection error or the server is busy,please try again"), -2);
+            const int result = failed(name, tr("Network connection error or the server is busy,please try again"), -2);
             raSleepMs(settleMs);
             return result;
         }
@@ -491,8 +489,8 @@ void RaWifiService::runDhcp()
     const int status = raRunCommand("sh /usr/bin/dhcp_setip.sh;touch /home/wifi/result3");
     // The address loop may take the marker for its own. Within the next second, so it counts from now on; or even
     // before, and then the shell says whether there was one.
-    const bool reachedEnd = fileIsExisting(devicepaths::scriptMarker)
-                            || (status == 0 && m_attempt->mayHaveLostMarker(removals));
+    const bool reachedEnd =
+        fileIsExisting(devicepaths::scriptMarker) || (status == 0 && m_attempt->mayHaveLostMarker(removals));
     raSleepMs(settleMs);
     if (!reachedEnd && !fileIsExisting(devicepaths::scriptMarker)) {
         // Names a wrong directory; the lock stays with the stage until the watchdog expires.

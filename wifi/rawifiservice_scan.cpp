@@ -120,18 +120,18 @@ QList<APData*> readScanResult(std::FILE* file)
 /** A candidate for automatic joining: the scanned access point with the saved password and key. */
 APData* newCandidate(const APData& scanned, const APData& saved)
 {
-    APData* candidate = new APData(freshRecord());
-    setField(candidate->essid, scanned.essid);
-    setField(candidate->macAddr, scanned.macAddr);
-    setField(candidate->key_mgmt, scanned.key_mgmt);
-    candidate->encry[0] = scanned.encry[0];
-    candidate->encry[1] = scanned.encry[1];
-    candidate->sigquality = scanned.sigquality;
-    candidate->is_encry = scanned.is_encry;
-    setField(candidate->psk, saved.psk);
-    candidate->authMode = saved.authMode;
-    candidate->keyIndex = saved.keyIndex;
-    return candidate;
+    APData candidate = freshRecord();
+    setField(candidate.essid, scanned.essid);
+    setField(candidate.macAddr, scanned.macAddr);
+    setField(candidate.key_mgmt, scanned.key_mgmt);
+    candidate.encry[0] = scanned.encry[0];
+    candidate.encry[1] = scanned.encry[1];
+    candidate.sigquality = scanned.sigquality;
+    candidate.is_encry = scanned.is_encry;
+    setField(candidate.psk, saved.psk);
+    candidate.authMode = saved.authMode;
+    candidate.keyIndex = saved.keyIndex;
+    return new APData(candidate);
 }
 
 } // namespace

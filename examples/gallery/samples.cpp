@@ -30,11 +30,9 @@ QWidget* sideBySide(const QList<QWidget*>& widgets)
 void addTitles(Gallery* gallery)
 {
     gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Title strip"));
-    gallery->add(new RaTitleWidget(Gallery::tr("Wi-Fi settings"), Gallery::tr("Connected"), true, nullptr),
+    gallery->add(new RaTitleWidget(Gallery::tr("Wi-Fi settings"), Gallery::tr("Connected"), true, nullptr), 50);
+    gallery->add(new RaTitleWidget(Gallery::tr("Network settings"), QLatin1String("00:11:22:33:44:55"), true, nullptr),
                  50);
-    gallery->add(
-        new RaTitleWidget(Gallery::tr("Network settings"), QLatin1String("00:11:22:33:44:55"), true, nullptr),
-        50);
 
     gallery->beginSection(QT_TRANSLATE_NOOP("Gallery", "Page"));
     RaBaseWindow* page = new RaBaseWindow(nullptr, Gallery::tr("Volume"), Gallery::tr("Radio"));

@@ -14,8 +14,8 @@ const int keyboardHeight = 262;
 const int TypingSample::Height = lineHeight + keyboardHeight;
 
 TypingSample::TypingSample(const QStringList& taps)
-    : m_line(new QLabel(tr("Type something"), this))
-    , m_keyboard(new RaVirtualKeyboard(this))
+    : m_line(new QLabel(tr("Type something"), this)),
+      m_keyboard(new RaVirtualKeyboard(this))
 {
     m_line->setGeometry(10, 0, 300, lineHeight - 6);
     m_line->setTextFormat(Qt::PlainText);

@@ -14,8 +14,8 @@
 
 namespace {
 
-const int lookMs = 1000;  // how often the status files are looked at
-const int glideMs = 600;  // the switch has come to rest by then
+const int lookMs = 1000; // how often the status files are looked at
+const int glideMs = 600; // the switch has come to rest by then
 
 char addressFile[] = "/home/wifi/ipinfo.txt";
 
@@ -62,7 +62,10 @@ QString inWords(const QByteArray& message)
 } // namespace
 
 HomePage::HomePage(RaWifiManager* wifi)
-    : QWidget(nullptr), m_wifi(wifi), m_channel(QLatin1String("mainprocess")), m_symbol(new LinkSymbol)
+    : QWidget(nullptr),
+      m_wifi(wifi),
+      m_channel(QLatin1String("mainprocess")),
+      m_symbol(new LinkSymbol)
 {
     // A palette, because a style sheet here would reach into the library's page.
     QPalette colours = palette();
@@ -131,8 +134,8 @@ void HomePage::openWifiPage()
     m_wifi->show();
     m_wifi->raise();
     // The library's switch leaves the link as it is; that off means off is the host's to see to.
-    connect(m_wifi->findChild<RaWifiListWidget*>(), SIGNAL(sendWifiSwitch(bool)), this, SLOT(showLink()),
-            Qt::UniqueConnection);
+    const RaWifiListWidget* list = m_wifi->findChild<RaWifiListWidget*>();
+    connect(list, SIGNAL(sendWifiSwitch(bool)), this, SLOT(showLink()), Qt::UniqueConnection);
 }
 
 void HomePage::closeWifiPage()

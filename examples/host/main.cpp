@@ -20,8 +20,7 @@ void speakTheLocale(QApplication& application)
 {
     for (const char* catalogue : {"rawificontrol", "rawifihost"}) {
         QTranslator* const texts = new QTranslator(&application);
-        if (texts->load(QLocale(), QLatin1String(catalogue), QLatin1String("_"),
-                        QLatin1String(":/translations"))) {
+        if (texts->load(QLocale(), QLatin1String(catalogue), QLatin1String("_"), QLatin1String(":/translations"))) {
             QApplication::installTranslator(texts);
         }
     }

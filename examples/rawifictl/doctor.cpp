@@ -12,14 +12,12 @@
 namespace {
 
 const char* const scripts[] = {
-    "/usr/bin/calldefaultconf.sh", "/usr/bin/callwpaconf.sh",      "/usr/bin/dhcp_setip.sh",
-    "/usr/bin/getaplist.sh",       "/usr/bin/getconnectstatus.sh", "/usr/bin/getfirstaplist.sh",
-    "/usr/bin/getip.sh",           "/usr/bin/getlocalmac.sh",      "/usr/bin/getroute.sh",
-    "/usr/bin/getwifistatus.sh",   "/usr/bin/getwpastatus.sh",
+    "/usr/bin/calldefaultconf.sh",  "/usr/bin/callwpaconf.sh",    "/usr/bin/dhcp_setip.sh",   "/usr/bin/getaplist.sh",
+    "/usr/bin/getconnectstatus.sh", "/usr/bin/getfirstaplist.sh", "/usr/bin/getip.sh",        "/usr/bin/getlocalmac.sh",
+    "/usr/bin/getroute.sh",         "/usr/bin/getwifistatus.sh",  "/usr/bin/getwpastatus.sh",
 };
 const char commonScript[] = "/usr/share/rawifi/common.sh";
-const char* const sharedScripts[] = {commonScript, "/usr/share/rawifi/attempt.sh",
-                                     "/usr/share/rawifi/udhcpc.sh"};
+const char* const sharedScripts[] = {commonScript, "/usr/share/rawifi/attempt.sh", "/usr/share/rawifi/udhcpc.sh"};
 const char leaseScript[] = "/usr/share/rawifi/udhcpc.sh";
 
 const char* const directories[] = {"/home/wifi", "/apps/config", "/etc"};
@@ -28,8 +26,7 @@ const char* const directories[] = {"/home/wifi", "/apps/config", "/etc"};
 const char* const secretFiles[] = {"/apps/config/network.conf", "/etc/wpa_supplicant.conf",
                                    "/home/wifi/tmpnetwork.conf"};
 
-const char* const programs[] = {"wpa_supplicant", "wpa_cli", "udhcpc", "ifconfig",
-                                "route",          "ping",    "awk",    "killall"};
+const char* const programs[] = {"wpa_supplicant", "wpa_cli", "udhcpc", "ifconfig", "route", "ping", "awk", "killall"};
 
 QString text(const char* latin1)
 {
@@ -98,10 +95,10 @@ Finding lookAtSecretFile(const char* path)
                      QString::fromLatin1("rm -rf %1: the library makes it anew").arg(text(path)));
     }
     if ((status.st_mode & 0777) != 0600) {
-        return wrong(path,
-                     QString::fromLatin1("has mode %1 instead of 0600")
-                         .arg(status.st_mode & 07777, 4, 8, QLatin1Char('0')),
-                     QLatin1String("chmod 600 ") + text(path));
+        return wrong(
+            path,
+            QString::fromLatin1("has mode %1 instead of 0600").arg(status.st_mode & 07777, 4, 8, QLatin1Char('0')),
+            QLatin1String("chmod 600 ") + text(path));
     }
     return fine(path);
 }
@@ -109,9 +106,9 @@ Finding lookAtSecretFile(const char* path)
 Finding lookAtProgram(const char* name)
 {
     if (!shell(QByteArray("command -v ") + name)) {
-        return wrong(name, QLatin1String("is not in PATH"),
-                     QString::fromLatin1("add %1 to the image (busybox has all but those of the supplicant)")
-                         .arg(text(name)));
+        return wrong(
+            name, QLatin1String("is not in PATH"),
+            QString::fromLatin1("add %1 to the image (busybox has all but those of the supplicant)").arg(text(name)));
     }
     return fine(name);
 }
@@ -139,9 +136,8 @@ QList<Finding> scriptFindings()
         findings << lookAtScript(path);
     }
     if (findings.last().problem.isEmpty() && access(leaseScript, X_OK) != 0) {
-        findings.last() =
-            wrong(leaseScript, QLatin1String("is not executable, the DHCP client has to run it"),
-                  QLatin1String("chmod 755 ") + text(leaseScript));
+        findings.last() = wrong(leaseScript, QLatin1String("is not executable, the DHCP client has to run it"),
+                                QLatin1String("chmod 755 ") + text(leaseScript));
     }
     return findings;
 }
@@ -178,8 +174,7 @@ QList<Finding> interfaceFindings()
     if (access("/sys/class/net/wlan0", F_OK) != 0) {
         return {wrong(
             "wlan0", QLatin1String("there is no such interface"),
-            QLatin1String(
-                "load the driver of the radio; an interface of another name: ip link set NAME name wlan0"))};
+            QLatin1String("load the driver of the radio; an interface of another name: ip link set NAME name wlan0"))};
     }
     return {fine("wlan0")};
 }

@@ -18,12 +18,11 @@ QJsonObject describe(const Finding& finding)
 void print(Output& output, const Finding& finding)
 {
     if (finding.problem.isEmpty()) {
-        output.line(output.painted(Output::Green, QLatin1String("ok     ")) + QLatin1Char(' ') +
-                    finding.subject);
+        output.line(output.painted(Output::Green, QLatin1String("ok     ")) + QLatin1Char(' ') + finding.subject);
         return;
     }
-    output.line(output.painted(Output::Red, QLatin1String("PROBLEM")) + QLatin1Char(' ') + finding.subject +
-                QLatin1Char(' ') + finding.problem);
+    output.line(output.painted(Output::Red, QLatin1String("PROBLEM")) + QLatin1Char(' ') + finding.subject
+                + QLatin1Char(' ') + finding.problem);
     output.line(QLatin1String("        -> ") + finding.advice);
 }
 
@@ -31,8 +30,8 @@ void print(Output& output, const Finding& finding)
 
 int doctorCommand(Output& output, const Arguments&)
 {
-    const QList<Finding> findings = scriptFindings() + directoryFindings() + secretFileFindings() +
-                                    programFindings() + interfaceFindings() + busFindings();
+    const QList<Finding> findings = scriptFindings() + directoryFindings() + secretFileFindings() + programFindings()
+                                    + interfaceFindings() + busFindings();
     bool healthy = true;
     QJsonArray list;
     for (const Finding& finding : findings) {

@@ -5,9 +5,9 @@
 #include <QCoreApplication>
 
 LinkWatch::LinkWatch(Output& output, const QString& mac, int interval, int polls)
-    : m_output(output)
-    , m_monitor(nullptr)
-    , m_pollsLeft(polls)
+    : m_output(output),
+      m_monitor(nullptr),
+      m_pollsLeft(polls)
 {
     connect(&m_monitor, SIGNAL(sendMonitorConMsg(QString)), this, SLOT(confirmed(QString)));
     connect(&m_monitor, SIGNAL(sendNetWorkStatus(int, int, QString)), this, SLOT(status(int, int, QString)));

@@ -71,8 +71,7 @@ bool isUsable(const Command& command, const Arguments& arguments)
     }
     const int operands = static_cast<int>(arguments.words.size()) - 1;
     const bool readsInput = operands < 2 || arguments.operand(1) == "-"; // never a password
-    return !arguments.wrong && operands >= command.leastOperands && operands <= command.mostOperands &&
-           readsInput;
+    return !arguments.wrong && operands >= command.leastOperands && operands <= command.mostOperands && readsInput;
 }
 
 } // namespace

@@ -39,9 +39,8 @@ QJsonObject describe(const APData& ap)
 
 QString tableRow(const Output& output, const APData& ap)
 {
-    const QString mark =
-        isSaved(ap) ? output.painted(Output::Green, QLatin1String("saved")) : QLatin1String("     ");
+    const QString mark = isSaved(ap) ? output.painted(Output::Green, QLatin1String("saved")) : QLatin1String("     ");
     return QString::fromLatin1("%1  %2  %3  %4  %5")
-        .arg(visible(ap.macAddr), QString::number(ap.sigquality),
-             kindName(ap.encry[0]).leftJustified(8), mark, visible(ap.essid));
+        .arg(visible(ap.macAddr), QString::number(ap.sigquality), kindName(ap.encry[0]).leftJustified(8), mark,
+             visible(ap.essid));
 }

@@ -13,8 +13,7 @@ void write(int descriptor, const QByteArray& line)
 {
     const QByteArray bytes = line + '\n';
     for (int done = 0; done < bytes.size();) {
-        const auto step =
-            ::write(descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        const auto step = ::write(descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
         if (step <= 0) {
             return;
         }
@@ -43,10 +42,10 @@ bool isInvisible(QChar c)
 } // namespace
 
 Output::Output(bool json, bool verbose)
-    : m_json(json)
-    , m_coloured(!json && showsColours())
-    , m_out(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3))
-    , m_error(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
+    : m_json(json),
+      m_coloured(!json && showsColours()),
+      m_out(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)),
+      m_error(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
 {
     std::fflush(stdout);
     if (verbose) {
@@ -111,8 +110,8 @@ QString visible(const QByteArray& bytes)
     QString shown;
     if (text.toUtf8() == bytes) {
         for (const QChar c : text) {
-            shown += isInvisible(c) ? QString::fromLatin1("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'))
-                                    : QString(c);
+            shown +=
+                isInvisible(c) ? QString::fromLatin1("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0')) : QString(c);
         }
         return shown;
     }

@@ -27,8 +27,8 @@ int statusCommand(Output& output, const Arguments& arguments)
         output.error(QLatin1String("the supplicant does not answer"));
         return Failed;
     }
-    output.line(QLatin1String("state    ") +
-                output.painted(status.connected ? Output::Green : Output::Yellow, visible(status.state.toUtf8())));
+    output.line(QLatin1String("state    ")
+                + output.painted(status.connected ? Output::Green : Output::Yellow, visible(status.state.toUtf8())));
     if (!status.connected) {
         return NotFound;
     }

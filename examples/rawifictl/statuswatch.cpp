@@ -19,8 +19,7 @@ QString inWords(const Output& output, const LinkStatus& status)
 
 } // namespace
 
-StatusWatch::StatusWatch(Output& output, int interval)
-    : m_output(output)
+StatusWatch::StatusWatch(Output& output, int interval) : m_output(output)
 {
     m_timer.setInterval(interval);
     m_timer.setSingleShot(true); // counts from the end of a look, however long that takes

@@ -4,8 +4,7 @@
 
 #include <QCoreApplication>
 
-StopSignals::StopSignals()
-    : m_notifier(m_pipe.descriptor(), QSocketNotifier::Read)
+StopSignals::StopSignals() : m_notifier(m_pipe.descriptor(), QSocketNotifier::Read)
 {
     QObject::connect(&m_notifier, SIGNAL(activated(int)), QCoreApplication::instance(), SLOT(quit()));
 }

@@ -17,8 +17,8 @@ inline QList<QByteArray> declaredMethods(const QMetaObject& meta)
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         const QMetaMethod method = meta.method(i);
         const QByteArray kind = method.methodType() == QMetaMethod::Signal ? "signal " : "slot ";
-        methods << kind + method.methodSignature() + ' ' + method.parameterNames().join(',') +
-                       (method.attributes() & QMetaMethod::Cloned ? " short" : "");
+        methods << kind + method.methodSignature() + ' ' + method.parameterNames().join(',')
+                       + (method.attributes() & QMetaMethod::Cloned ? " short" : "");
     }
     return methods;
 }

@@ -12,10 +12,7 @@
 class TextCanvas : public QPaintDevice
 {
 public:
-    explicit TextCanvas(const QSize& size)
-        : m_size(size)
-    {
-    }
+    explicit TextCanvas(const QSize& size) : m_size(size) {}
 
     QPaintEngine* paintEngine() const override { return &m_engine; }
     QStringList texts() const { return m_engine.texts; }
@@ -48,10 +45,7 @@ private:
     class Engine : public QPaintEngine
     {
     public:
-        Engine()
-            : QPaintEngine(AllFeatures)
-        {
-        }
+        Engine() : QPaintEngine(AllFeatures) {}
         bool begin(QPaintDevice*) override { return true; }
         bool end() override { return true; }
         void updateState(const QPaintEngineState&) override {}

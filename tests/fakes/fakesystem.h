@@ -29,7 +29,6 @@ private:
     int m_before = -1;
 };
 
-
 /** Forgets all commands, sleeps, scripts and counts. */
 void reset();
 

@@ -11,8 +11,7 @@
 class Silence
 {
 public:
-    Silence()
-        : m_nowhere(open("/dev/null", O_WRONLY | O_CLOEXEC))
+    Silence() : m_nowhere(open("/dev/null", O_WRONLY | O_CLOEXEC))
     {
         std::fflush(stdout);
         for (int i = 0; i < 2; ++i) {

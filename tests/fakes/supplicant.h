@@ -52,7 +52,8 @@ public:
         m_program.setProcessEnvironment(environment);
         m_program.setProcessChannelMode(QProcess::MergedChannels);
         m_program.start(QString::fromLatin1("unshare"),
-                        QStringList() << QString::fromLatin1("--net") << root + QString::fromLatin1("/sbin/wpa_supplicant")
+                        QStringList() << QString::fromLatin1("--net")
+                                      << root + QString::fromLatin1("/sbin/wpa_supplicant")
                                       << QString::fromLatin1("-Dnone") << QString::fromLatin1("-ilo")
                                       << QString::fromLatin1("-c/etc/wpa_supplicant.conf"));
         QByteArray said;
@@ -97,7 +98,7 @@ private:
     /** The supplicant and the libraries that it needs besides the C library; none when one is missing. */
     static QStringList packages()
     {
-        const char* const names[] = {"wpasupplicant", "libdbus-1-3",  "libnl-3-200", "libnl-genl-3-200",
+        const char* const names[] = {"wpasupplicant",     "libdbus-1-3",  "libnl-3-200",  "libnl-genl-3-200",
                                      "libnl-route-3-200", "libpcsclite1", "libreadline8", "libssl3"};
         const QDir directory(packageDirectory());
         QStringList files;

@@ -40,7 +40,8 @@ struct SystemCall
         QFile memory(QLatin1String("/proc/") + QString::number(process) + QLatin1String("/mem"));
         QByteArray text;
         char c = '\0';
-        if (memory.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && memory.seek(static_cast<qint64>(words[index]))) {
+        if (memory.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
+            && memory.seek(static_cast<qint64>(words[index]))) {
             while (memory.read(&c, 1) == 1 && c != '\0') {
                 text += c;
             }
@@ -66,9 +67,18 @@ inline void change(pid_t process, std::size_t offset, long value)
 {
     ptrace(PTRACE_POKEUSER, process, offset, value);
 }
-inline void skipCall(pid_t process) { change(process, offsetof(user_regs_struct, orig_rax), -1); }
-inline void setResult(pid_t process, long value) { change(process, offsetof(user_regs_struct, rax), value); }
-inline void setThirdWord(pid_t process, long value) { change(process, offsetof(user_regs_struct, rdx), value); }
+inline void skipCall(pid_t process)
+{
+    change(process, offsetof(user_regs_struct, orig_rax), -1);
+}
+inline void setResult(pid_t process, long value)
+{
+    change(process, offsetof(user_regs_struct, rax), value);
+}
+inline void setThirdWord(pid_t process, long value)
+{
+    change(process, offsetof(user_regs_struct, rdx), value);
+}
 #else
 const bool canChangeCalls = false;
 inline void skipCall(pid_t) {}
@@ -77,8 +87,14 @@ inline void setThirdWord(pid_t, long) {}
 #endif
 
 /** In the child: the calls between these two are judged. */
-inline void begin() { kill(getpid(), SIGSTOP); }
-inline void end() { kill(getpid(), SIGSTOP); }
+inline void begin()
+{
+    kill(getpid(), SIGSTOP);
+}
+inline void end()
+{
+    kill(getpid(), SIGSTOP);
+}
 
 /** Runs \a body in a child; returns its result (0 to 255), or -1 when it was killed. */
 inline int run(const std::function<int()>& body, const Judge& judge)

@@ -29,8 +29,7 @@ QString sharedReference(const QString& name)
  */
 QString ownReference(const QString& name)
 {
-    return QString::fromUtf8(RAWIFI_PICTURES "/references/qt%1/").arg(QT_VERSION_MAJOR) + name +
-           QLatin1String(".png");
+    return QString::fromUtf8(RAWIFI_PICTURES "/references/qt%1/").arg(QT_VERSION_MAJOR) + name + QLatin1String(".png");
 }
 
 int differenceOf(QRgb one, QRgb other)
@@ -48,8 +47,7 @@ QImage differenceImage(const QImage& expected, const QImage& got, int* differing
             const int value = differenceOf(expected.pixel(x, y), got.pixel(x, y));
             const bool isTooMuch = value > toleratedDifference;
             *differing += isTooMuch ? 1 : 0;
-            difference.setPixel(x, y,
-                                isTooMuch ? qRgb(255, 255, 255) : qRgb(value * 4, value * 4, value * 4));
+            difference.setPixel(x, y, isTooMuch ? qRgb(255, 255, 255) : qRgb(value * 4, value * 4, value * 4));
         }
     }
     return difference;
@@ -63,8 +61,7 @@ QString writeFailed(const QString& name, const QImage& expected, const QImage& g
     expected.save(base + QLatin1String("-expected.png"));
     difference.save(base + QLatin1String("-difference.png"));
     const bool written = got.save(base + QLatin1String("-got.png"));
-    return QString::fromLatin1(written ? "see %1-{expected,got,difference}.png"
-                                       : "could not write %1-got.png")
+    return QString::fromLatin1(written ? "see %1-{expected,got,difference}.png" : "could not write %1-got.png")
         .arg(base);
 }
 
@@ -83,8 +80,7 @@ QString compare(const QImage& expected, const QImage& got, QImage* difference)
             .arg(expected.width())
             .arg(expected.height());
     }
-    return differing <= toleratedPixels ? QString()
-                                        : QString::fromLatin1("differs in %1 pixels").arg(differing);
+    return differing <= toleratedPixels ? QString() : QString::fromLatin1("differs in %1 pixels").arg(differing);
 }
 
 QImage load(const QString& path)
@@ -101,8 +97,7 @@ QString check(const QString& name, const QImage& got)
     if (wrong.isEmpty()) {
         return QString();
     }
-    return name + QLatin1Char(' ') + wrong + QLatin1String("; ") +
-           writeFailed(name, expected, got, difference);
+    return name + QLatin1Char(' ') + wrong + QLatin1String("; ") + writeFailed(name, expected, got, difference);
 }
 
 /** The first toolkit to draw a picture sets the shared reference; another one its own, if it needs one. */
@@ -150,10 +145,7 @@ int run(int argc, char** argv, const Scenes& scenes)
     return QTest::qExec(&test, argc, argv);
 }
 
-PictureTest::PictureTest(const Scenes& scenes)
-    : m_scenes(scenes)
-{
-}
+PictureTest::PictureTest(const Scenes& scenes) : m_scenes(scenes) {}
 
 void PictureTest::looksLikeItsReference_data()
 {
@@ -169,8 +161,7 @@ void PictureTest::looksLikeItsReference()
     const Scene& scene = m_scenes[static_cast<std::size_t>(index)];
     const QString name = QString::fromLatin1(scene.first);
     const QImage got = scene.second().convertToFormat(QImage::Format_RGB32);
-    const QString complaint =
-        qEnvironmentVariableIsSet("RAWIFI_REGENERATE") ? regenerate(name, got) : check(name, got);
+    const QString complaint = qEnvironmentVariableIsSet("RAWIFI_REGENERATE") ? regenerate(name, got) : check(name, got);
     QVERIFY2(complaint.isEmpty(), qPrintable(complaint));
 }
 
@@ -191,12 +182,10 @@ QImage Sheet::picture()
 void tap(QWidget* widget, const QPoint& position, bool held)
 {
     const QPoint global = widget->mapToGlobal(position);
-    QMouseEvent press(QEvent::MouseButtonPress, position, global, Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, position, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(widget, &press);
     if (!held) {
-        QMouseEvent release(QEvent::MouseButtonRelease, position, global, Qt::LeftButton, Qt::NoButton,
-                            Qt::NoModifier);
+        QMouseEvent release(QEvent::MouseButtonRelease, position, global, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(widget, &release);
     }
 }

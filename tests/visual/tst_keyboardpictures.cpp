@@ -12,8 +12,8 @@ namespace {
 struct Keyboard
 {
     explicit Keyboard(const QStringList& taps = QStringList())
-        : sheet(262)
-        , keyboard(sheet.put(new RaVirtualKeyboard(&sheet), QRect(0, 0, 320, 262)))
+        : sheet(262),
+          keyboard(sheet.put(new RaVirtualKeyboard(&sheet), QRect(0, 0, 320, 262)))
     {
         for (const QString& text : taps) {
             keyboard->recKeyClicked(text);

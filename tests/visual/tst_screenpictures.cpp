@@ -81,8 +81,8 @@ class ListScreen
 public:
     explicit ListScreen(const QList<APData>& networks = air(), const char* title = "Network Setting",
                         const char* address = "00:11:22:33:44:55")
-        : m_sheet(screenHeight)
-        , page(m_sheet.put(new RaWifiListWidget(&m_sheet, true, utf8(title), utf8(address)),
+        : m_sheet(screenHeight),
+          page(m_sheet.put(new RaWifiListWidget(&m_sheet, true, utf8(title), utf8(address)),
                            QRect(0, 0, 320, screenHeight)))
     {
         page->setWifiSwitch(true);
@@ -117,8 +117,7 @@ QImage listOfHostileNames()
     return ListScreen(QList<APData>() << network(1, "<b>bold</b><img src=x>", true, 4)
                                       << network(2, "evil\xe2\x80\xaegnp.exe", true, 3)
                                       << network(3, "two\nlines\tand a tab", false, 3)
-                                      << network(4, "%1 %2 %s %n", true, 2)
-                                      << network(5, "\x1b[31mred\x1b[0m", true, 2)
+                                      << network(4, "%1 %2 %s %n", true, 2) << network(5, "\x1b[31mred\x1b[0m", true, 2)
                                       << network(6, "\xff\xfe not UTF-8 \xc3\x28", false, 1)
                                       << network(7, "a&b &amp; \"c\" # $(d)", true, 1))
         .picture();

@@ -36,8 +36,7 @@ void glide(QWidget* widget, int steps)
 QImage titleStrip(const char* title, const char* right, bool held = false)
 {
     Sheet sheet(50);
-    QWidget* strip =
-        sheet.put(new RaTitleWidget(utf8(title), utf8(right), true, nullptr), QRect(0, 0, 320, 50));
+    QWidget* strip = sheet.put(new RaTitleWidget(utf8(title), utf8(right), true, nullptr), QRect(0, 0, 320, 50));
     if (held) {
         tap(strip, QPoint(25, 25), true);
     }
@@ -61,8 +60,7 @@ QImage switchButtons(int steps, bool on, const char* textOff = "", const char* t
 {
     Sheet sheet(100);
     for (int i = 0; i < 6; ++i) {
-        RaSwitchButton* button =
-            sheet.put(new RaSwitchButton, QRect(20 + i % 3 * 100, 10 + i / 3 * 45, 80, 34));
+        RaSwitchButton* button = sheet.put(new RaSwitchButton, QRect(20 + i % 3 * 100, 10 + i / 3 * 45, 80, 34));
         button->setButtonStyle(static_cast<RaSwitchButton::ButtonStyle>(i % 3));
         button->setText(utf8(textOff), utf8(textOn));
         if (i >= 3) {
@@ -83,8 +81,7 @@ const int allTheWay = 100;
 QImage switchWidget(const char* text, const char* secondText, int steps)
 {
     Sheet sheet(60);
-    RaSwitchWidget* row =
-        sheet.put(new RaSwitchWidget(nullptr, utf8(text), utf8(secondText)), QRect(0, 0, 320, 60));
+    RaSwitchWidget* row = sheet.put(new RaSwitchWidget(nullptr, utf8(text), utf8(secondText)), QRect(0, 0, 320, 60));
     if (steps > 0) {
         tap(row->switchButton(), QPoint(10, 10));
         glide(row->switchButton(), steps);
@@ -184,8 +181,7 @@ const Scenes scenes = {
     {"switch-row-gliding", [] { return switchRow("", "WIFI", 59, 15); }},
     {"switch-row-on", [] { return switchRow("", "WIFI", 59, allTheWay); }},
     {"switch-row-tall", [] { return switchRow("Discovering...", "WIFI", 140, allTheWay); }},
-    {"switch-row-tall-chinese",
-     [] { return switchRow("正在搜索附近的网络...", "无线网络", 140, allTheWay); }},
+    {"switch-row-tall-chinese", [] { return switchRow("正在搜索附近的网络...", "无线网络", 140, allTheWay); }},
     {"switch-row-second-item", [] { return switchRow("Discovering...", "WIFI", 140, allTheWay, 2); }},
 
     {"slider-volume-0", [] { return slider(RaSliderWidget::VOLUME, 0); }},
@@ -202,15 +198,12 @@ const Scenes scenes = {
     {"spinner-backwards", [] { return spinner(2, false); }},
     {"message", [] { return message("Wrong password for Kitchen radio"); }},
     {"message-long",
-     [] {
-         return message("The network Conference room on the 3rd floor could not be joined: wrong password");
-     }},
+     [] { return message("The network Conference room on the 3rd floor could not be joined: wrong password"); }},
     {"message-chinese", [] { return message("密码错误，请重新输入"); }},
     {"message-empty", [] { return message(""); }},
     {"processing", [] { return processing("Connecting, please wait..."); }},
     {"processing-chinese", [] { return processing("正在连接中，请等待..."); }},
-    {"processing-two-lines",
-     [] { return processing("Connecting to the network Conference room on the 3rd floor"); }},
+    {"processing-two-lines", [] { return processing("Connecting to the network Conference room on the 3rd floor"); }},
 };
 
 } // namespace

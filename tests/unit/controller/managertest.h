@@ -176,20 +176,28 @@ inline void freshDevice()
 /** What stops the supplicant, as a Trace has it. */
 inline Lines killing()
 {
-    return Lines() << "run killall udhcpc" << "sleep 1000" << "run /usr/bin/wpa_cli -i wlan0 terminate" << "sleep 1000";
+    return Lines() << "run killall udhcpc"
+                   << "sleep 1000"
+                   << "run /usr/bin/wpa_cli -i wlan0 terminate"
+                   << "sleep 1000";
 }
 
 /** What an openWifi() without a link does, as a Trace has it. */
 inline Lines opening(bool isFirst)
 {
     Lines steps = killing();
-    steps << "run ifconfig wlan0 down" << "sleep 50" << "run ifconfig wlan0 up";
+    steps << "run ifconfig wlan0 down"
+          << "sleep 50"
+          << "run ifconfig wlan0 up";
     if (isFirst) {
         steps << "run sh /usr/bin/calldefaultconf.sh";
     }
-    steps << "run sh /usr/bin/getwpastatus.sh" << "run rm -f /home/wifi/temp.txt" << "run rm -f /home/wifi/result3";
+    steps << "run sh /usr/bin/getwpastatus.sh"
+          << "run rm -f /home/wifi/temp.txt"
+          << "run rm -f /home/wifi/result3";
     if (isFirst) {
-        steps << "sleep 1" << "run sh /usr/bin/getfirstaplist.sh;touch /home/wifi/result3";
+        steps << "sleep 1"
+              << "run sh /usr/bin/getfirstaplist.sh;touch /home/wifi/result3";
     } else {
         steps << "run sh /usr/bin/getaplist.sh;touch /home/wifi/result3 ";
     }
@@ -391,8 +399,8 @@ inline QStringList takeWarnings()
 /** The warnings that nobody expects. */
 inline QStringList unexpectedWarnings()
 {
-    const QStringList expected = serviceWarnings() + listWarnings("(int,APData*)")
-                                 + listWarnings("(QString,int,APData*)");
+    const QStringList expected =
+        serviceWarnings() + listWarnings("(int,APData*)") + listWarnings("(QString,int,APData*)");
     QStringList warnings;
     for (const QString& warning : takeWarnings()) {
         if (!expected.contains(warning)) {

@@ -135,10 +135,14 @@ QByteArray configObjection(const QByteArray& name, const Lines& settings)
 {
     Lines wanted;
     wanted << "# Simple case: WPA-PSK, PSK as an ASCII passphrase, allow all valid ciphers"
-           << "ctrl_interface=/var/run/wpa_supplicant" << "ctrl_interface_group=0" << "ap_scan=1" << "network={"
+           << "ctrl_interface=/var/run/wpa_supplicant"
+           << "ctrl_interface_group=0"
+           << "ap_scan=1"
+           << "network={"
            << "ssid";
     wanted += settings;
-    wanted << "}" << "";
+    wanted << "}"
+           << "";
     Lines lines = fakesystem::readFile(configFile).split('\n');
     if (lines.size() != wanted.size()) {
         return "lines: " + QByteArray::number(int(lines.size()));
@@ -334,8 +338,7 @@ void TestHostileStrings::wepAndOpenConfigurationsHoldOneNetwork()
             const Lines settings = Lines() << "\tkey_mgmt=NONE" << line << "\twep_tx_keyidx=" + index << "priority=5"
                                            << "auth_alg=SHARED";
             const bool isText = key.size() == 5 || key.size() == 13 || key.size() == 16;
-            QCOMPARE(isText ? valueOf(line, "wep_key" + index) : line,
-                     isText ? key : "\twep_key" + index + '=' + key);
+            QCOMPARE(isText ? valueOf(line, "wep_key" + index) : line, isText ? key : "\twep_key" + index + '=' + key);
             const QByteArray objection = configObjection(name, settings);
             QVERIFY2(result == 0 && objection.isEmpty(), objection.constData());
         }
@@ -365,7 +368,7 @@ void TestHostileStrings::theStoreGivesBackTheSameBytes()
         for (; saved.size() < capacity && count < m_strings.size(); ++count) {
             APData one = record(m_strings.at(count), passwordFor(count));
             one.macAddr[0] = static_cast<char>('a' + saved.size()); // every network is another one
-            if (one.essid[0] != '\0') { // one without a name is not saved
+            if (one.essid[0] != '\0') {                             // one without a name is not saved
                 saved.prepend(one);
             }
             store.addData(&one, true);

@@ -305,8 +305,8 @@ Lines TestLogSecrets::logOf(int password, const char* variable)
     }
     QProcess flow;
     flow.setProcessEnvironment(environment);
-    flow.start(QCoreApplication::applicationFilePath(),
-               QStringList() << QLatin1String("flow") << QString::number(password));
+    flow.start(QCoreApplication::applicationFilePath(), QStringList()
+                                                            << QLatin1String("flow") << QString::number(password));
     if (!flow.waitForFinished(60000) || flow.exitStatus() != QProcess::NormalExit || flow.exitCode() != 0) {
         qWarning("the flow has failed: %s%s", flow.readAllStandardOutput().constData(),
                  flow.readAllStandardError().right(2000).constData());
@@ -335,18 +335,17 @@ void TestLogSecrets::withoutTheVariablePasswordsAreLoggedAsEver()
     const QByteArray log = logOf(0, variable.isNull() ? nullptr : variable.constData()).join('\n');
     const QByteArray password = passwords[0];
     const char* const mac = "02:00:00:00:00:01";
-    const Lines wanted = Lines()
-        << "-encry 4 ,macAddr =" + QByteArray(mac) + ",essid =" + joinedFirst + ",password = " + password
-               + ",sigquality = 3 authMode =0,keyindex = 0"
-        << " password = " + password + '\n'
-        << "ssid =" + QByteArray(mac) + ",psk= " + password + " \n"
-        << "psk = " + password + " \033"
-        << "psk = " + QByteArray(saved) + " \033"
-        << "clicked(\"7\")"
-        << "text=7,objName = pwdLineEdit"
-        << "text=BS,objName = pwdLineEdit"
-        << "---------------- RI"
-        << "page=1";
+    const Lines wanted = Lines() << "-encry 4 ,macAddr =" + QByteArray(mac) + ",essid =" + joinedFirst
+                                        + ",password = " + password + ",sigquality = 3 authMode =0,keyindex = 0"
+                                 << " password = " + password + '\n'
+                                 << "ssid =" + QByteArray(mac) + ",psk= " + password + " \n"
+                                 << "psk = " + password + " \033"
+                                 << "psk = " + QByteArray(saved) + " \033"
+                                 << "clicked(\"7\")"
+                                 << "text=7,objName = pwdLineEdit"
+                                 << "text=BS,objName = pwdLineEdit"
+                                 << "---------------- RI"
+                                 << "page=1";
     for (const QByteArray& line : wanted) {
         QVERIFY2(log.contains(line), line.constData());
     }

@@ -17,7 +17,8 @@ using namespace managertest;
 
 namespace {
 
-const Lines disconnecting = Lines() << "run rm /home/wifi/*.txt -f" << "sync" << killing();
+const Lines disconnecting = Lines() << "run rm /home/wifi/*.txt -f"
+                                    << "sync" << killing();
 
 int openByCall(RaWifiManager* manager)
 {
@@ -116,8 +117,7 @@ void TestRaWifiManager::signalsAndSlotsAreThoseOfTheInterface()
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         const QMetaMethod method = meta.method(i);
         const QByteArray kind = method.methodType() == QMetaMethod::Signal ? "signal " : "slot ";
-        methods << kind + method.typeName() + ' ' + method.methodSignature() + ' '
-                       + method.parameterNames().join(',');
+        methods << kind + method.typeName() + ' ' + method.methodSignature() + ' ' + method.parameterNames().join(',');
     }
     QCOMPARE(methods, Lines() << "signal void sendCmdScanAP() "
                               << "signal void backPressed() "
@@ -214,8 +214,10 @@ void TestRaWifiManager::startUpIsLogged()
     const auto removing = log.indexOf("rm /home/wifi -rf");
     QVERIFY(dumped >= 0);
     QVERIFY(dumped < removing);
-    QCOMPARE(log.mid(dumped, 4),
-             Lines() << "encry[0]=0x1" << "encry[1]=0x1" << "is_encry=0" << "orderbynum=999");
+    QCOMPARE(log.mid(dumped, 4), Lines() << "encry[0]=0x1"
+                                         << "encry[1]=0x1"
+                                         << "is_encry=0"
+                                         << "orderbynum=999");
     QCOMPARE(static_cast<int>(log.count("encry[0]=0x1")), 1);
 }
 
@@ -435,8 +437,7 @@ void TestRaWifiManager::aRepeatedRequestDoesNothingElse()
     int result = -1;
     const Lines log = loggedMessages([&] { result = page->recAPSwitch(ison); });
     QCOMPARE(result, 0);
-    const QByteArray request = "-------------------RaWifiManager::recAPSwitch(" + QByteArray::number(ison)
-                               + ")------";
+    const QByteArray request = "-------------------RaWifiManager::recAPSwitch(" + QByteArray::number(ison) + ")------";
     QCOMPARE(log, Lines() << request << "Scanning ...,Please wait");
     QCOMPARE(host.take(), Lines());
     QVERIFY(waitForWorkers());
@@ -578,12 +579,18 @@ void TestRaWifiManager::scanningReturnsTheServicesResult()
     const Lines before = fakesystem::commands();
     QCOMPARE(page->startScan(), result);
     QCOMPARE(page->recCmdScanAP(), result);
-    QCOMPARE(fakesystem::commands().mid(before.size()),
-             Lines() << "sh /usr/bin/calldefaultconf.sh" << "sh /usr/bin/getwpastatus.sh"
-                     << "rm -f /home/wifi/temp.txt" << "rm -f /home/wifi/result3"
-                     << "sh /usr/bin/getfirstaplist.sh;touch /home/wifi/result3" << "rm -f /home/wifi/temp.txt"
-                     << "sh /usr/bin/getwpastatus.sh" << "rm -f /home/wifi/temp.txt" << "rm -f /home/wifi/result3"
-                     << "sh /usr/bin/getaplist.sh;touch /home/wifi/result3 " << "rm -f /home/wifi/temp.txt");
+    QCOMPARE(fakesystem::commands().mid(before.size()), Lines()
+                                                            << "sh /usr/bin/calldefaultconf.sh"
+                                                            << "sh /usr/bin/getwpastatus.sh"
+                                                            << "rm -f /home/wifi/temp.txt"
+                                                            << "rm -f /home/wifi/result3"
+                                                            << "sh /usr/bin/getfirstaplist.sh;touch /home/wifi/result3"
+                                                            << "rm -f /home/wifi/temp.txt"
+                                                            << "sh /usr/bin/getwpastatus.sh"
+                                                            << "rm -f /home/wifi/temp.txt"
+                                                            << "rm -f /home/wifi/result3"
+                                                            << "sh /usr/bin/getaplist.sh;touch /home/wifi/result3 "
+                                                            << "rm -f /home/wifi/temp.txt");
 }
 
 void TestRaWifiManager::loadingTheListScansOrNot_data()
@@ -650,7 +657,8 @@ void TestRaWifiManager::linkMessagesAreSentWhenTheNumberChanges_data()
     QTest::addColumn<Lines>("payloads");
     const QByteArray start("APLINKSTART", 11);
     const QByteArray end("APLINKEND", 9);
-    QTest::newRow("repeats are kept back") << (QList<int>() << 1 << 1 << 0 << 0 << 1) << (Lines() << start << end << start);
+    QTest::newRow("repeats are kept back")
+        << (QList<int>() << 1 << 1 << 0 << 0 << 1) << (Lines() << start << end << start);
     QTest::newRow("the numbers count, not their truth") << (QList<int>() << 1 << 5 << 5) << (Lines() << start << start);
     QTest::newRow("the first one is sent, up") << (QList<int>() << 1) << (Lines() << start);
     QTest::newRow("the first one is sent, down") << (QList<int>() << 0) << (Lines() << end);
@@ -678,7 +686,10 @@ void TestRaWifiManager::everyMessageHasTheSameEnvelope()
     page->sendSAPMsgToMain(0);
     page->recAPSwitch(true);
     QVERIFY(waitForWorkers());
-    QCOMPARE(host.take(), Lines() << "APLINKSTART" << "linkend" << "APLINKEND" << "linkend");
+    QCOMPARE(host.take(), Lines() << "APLINKSTART"
+                                  << "linkend"
+                                  << "APLINKEND"
+                                  << "linkend");
     QCOMPARE(host.messages.removeDuplicates(), 3);
     QCOMPARE(host.messages, QStringList() << QLatin1String("wifi(QString)"));
 }

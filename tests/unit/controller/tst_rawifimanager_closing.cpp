@@ -84,21 +84,31 @@ private:
 
 Lines connectingSteps()
 {
-    return killing() << "run rm -f /etc/wpa_supplicant.conf" << "sleep 5"
-                     << "run sh /usr/bin/callwpaconf.sh;touch /home/wifi/result3" << "sleep 5"
-                     << "run wpa_cli -i wlan0 status" << "run rm /home/wifi/result3 -f" << "sleep 5"
-                     << dhcpBegins << dhcpBegins << "sleep 5" << addressScript << "sleep 5"
-                     << "run rm /home/wifi/result3 -f" << "run route add default gw 192.168.7.1" << "sleep 1000"
-                     << "run echo 192.168.7.23 >/home/wifi/ipinfo.txt" << "run echo 3 >/home/wifi/signal.txt"
-                     << "sleep 1000" << "run echo 1 >/home/wifi/linkap.txt"
-                     << "run echo 02:00:00:00:00:01 >/home/wifi/curmac.txt" << "sleep 1000"
+    return killing() << "run rm -f /etc/wpa_supplicant.conf"
+                     << "sleep 5"
+                     << "run sh /usr/bin/callwpaconf.sh;touch /home/wifi/result3"
+                     << "sleep 5"
+                     << "run wpa_cli -i wlan0 status"
+                     << "run rm /home/wifi/result3 -f"
+                     << "sleep 5" << dhcpBegins << dhcpBegins << "sleep 5" << addressScript << "sleep 5"
+                     << "run rm /home/wifi/result3 -f"
+                     << "run route add default gw 192.168.7.1"
+                     << "sleep 1000"
+                     << "run echo 192.168.7.23 >/home/wifi/ipinfo.txt"
+                     << "run echo 3 >/home/wifi/signal.txt"
+                     << "sleep 1000"
+                     << "run echo 1 >/home/wifi/linkap.txt"
+                     << "run echo 02:00:00:00:00:01 >/home/wifi/curmac.txt"
+                     << "sleep 1000"
                      << "run route add default gw 192.168.7.1";
 }
 
 Lines dhcpSteps()
 {
-    return Lines() << dhcpBegins << "sleep 1000" << "run sh /usr/bin/dhcp_setip.sh;touch /home/wifi/result3"
-                   << "sleep 1000" << "run rm /home/wifi/result3 -f";
+    return Lines() << dhcpBegins << "sleep 1000"
+                   << "run sh /usr/bin/dhcp_setip.sh;touch /home/wifi/result3"
+                   << "sleep 1000"
+                   << "run rm /home/wifi/result3 -f";
 }
 
 void addRows(const Lines& steps)
@@ -405,8 +415,7 @@ void TestRaWifiManagerClosing::whenThePageIsLeft()
     page->resize(320, 480);
     page->show();
     connect(
-        page.get(), &RaWifiManager::backPressed, this, [] { RaWifiManager::close(); },
-        Qt::ConnectionType(connection));
+        page.get(), &RaWifiManager::backPressed, this, [] { RaWifiManager::close(); }, Qt::ConnectionType(connection));
     const QPointer<RaWifiManager> watched(page.get());
     QWindow* const screen = page->windowHandle();
     if (byKey) {

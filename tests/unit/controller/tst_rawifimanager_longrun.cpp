@@ -196,8 +196,8 @@ void TestRaWifiManagerLongRun::aThousandJoinsLeaveNothingBehind()
     QVERIFY2(growth < HeapNoise, QByteArray::number(int(growth)).constData());
     QVERIFY(ends.started >= 1000);
     QCOMPARE(ends.joined + ends.failed + ends.cancelled, ends.started);
-    qInfo("%d joins: %d joined, %d failed, %d cancelled; %ld bytes of growth in 1000; %s", ends.started,
-          ends.joined, ends.failed, ends.cancelled, growth, before.constData());
+    qInfo("%d joins: %d joined, %d failed, %d cancelled; %ld bytes of growth in 1000; %s", ends.started, ends.joined,
+          ends.failed, ends.cancelled, growth, before.constData());
 }
 
 void TestRaWifiManagerLongRun::tenThousandPollsLeaveNothingBehind()
@@ -219,8 +219,8 @@ void TestRaWifiManagerLongRun::tenThousandPollsLeaveNothingBehind()
     QVERIFY(watch.polls >= 10000);
     QCOMPARE(watch.ups * 10, watch.polls * 7);
     QCOMPARE(watch.ends * 10, watch.polls * 2);
-    qInfo("%d polls: %d found the link, %d its end; %ld bytes of growth in 10000; %s", watch.polls, watch.ups, watch.ends,
-          growth, before.constData());
+    qInfo("%d polls: %d found the link, %d its end; %ld bytes of growth in 10000; %s", watch.polls, watch.ups,
+          watch.ends, growth, before.constData());
 }
 
 int main(int argc, char** argv)

@@ -439,8 +439,8 @@ void TestRaWifiManagerWindows::aJoinRequestIsLogged()
         waitForWorkers();
     });
     // The record is dumped as it is handed over, and once more behind the announcement.
-    QCOMPARE(only(wanted, log).mid(0, 4), Lines() << "--------------------" << "essid = Open " << dump
-                                                  << "essid = Open ");
+    QCOMPARE(only(wanted, log).mid(0, 4), Lines() << "--------------------"
+                                                  << "essid = Open " << dump << "essid = Open ");
     delete g_PassParam.pinfo;
     g_PassParam.pinfo = nullptr;
     log = loggedMessages([&] {
@@ -534,8 +534,7 @@ void TestRaWifiManagerWindows::anErrorIsShownForTenSeconds()
     page->receiveAPManageInfo(3, openNetwork);
     QVERIFY(waitForWorkers());
     QVERIFY(page.message()->isVisible());
-    QCOMPARE(page.message()->m_text,
-             QLatin1String("Network connection error or the server is busy,please try again"));
+    QCOMPARE(page.message()->m_text, QLatin1String("Network connection error or the server is busy,please try again"));
     QVERIFY(page.timer()->isActive());
     QCOMPARE(page.timer()->interval(), 10000);
     page->recQuitListWnd();

@@ -272,8 +272,9 @@ void TestRaWifiManagerWorkers::theScanWorkerOpensWifiAndRefreshesThePage()
     const Trace trace;
     bool isRefreshedHere = false;
     QThread* emittedOn = nullptr;
-    connect(page.get(), &RaWifiManager::sendRefreshList, page.get(),
-            [&] { emittedOn = QThread::currentThread(); }, Qt::DirectConnection);
+    connect(
+        page.get(), &RaWifiManager::sendRefreshList, page.get(), [&] { emittedOn = QThread::currentThread(); },
+        Qt::DirectConnection);
     connect(page.get(), &RaWifiManager::sendRefreshList, page.get(), [&] { isRefreshedHere = isGuiThread(); });
     QVERIFY(scan(page));
     QCOMPARE(trace.elsewhere(), opening(true));
@@ -304,8 +305,10 @@ void TestRaWifiManagerWorkers::theScanFunctionLogsItsSteps()
     QSignalSpy refreshes(page.get(), SIGNAL(sendRefreshList()));
     const QByteArray where =
         QByteArray::number(static_cast<uint>(reinterpret_cast<quintptr>(page.get())), 16).toUpper().rightJustified(4);
-    const Lines steps = Lines() << "call pthread scan dev " << "--thread_scanap point =" + where + "--"
-                                << "--RaWifiManager point =" + where + "--" << "data.size is 0";
+    const Lines steps = Lines() << "call pthread scan dev "
+                                << "--thread_scanap point =" + where + "--"
+                                << "--RaWifiManager point =" + where + "--"
+                                << "data.size is 0";
     void* result = this;
     const Lines log = loggedMessages([&] { result = thread_scanap(page.get()); });
     QVERIFY(!result);
@@ -330,14 +333,20 @@ void TestRaWifiManagerWorkers::theConnectFunctionLogsItsSteps()
     wep.encry[0] = WEP;
     wep.authMode = 1;
     wep.keyIndex = 2;
-    const Lines steps = Lines()
-                        << "value =1\n" << "Call connectUserSelectAP" << " -encry 2 \n"
-                        << " macAddr =02:00:00:00:00:07\n" << " essid =Old\n" << " password = abcde\n"
-                        << " sigquality = 2 \n" << " authMode =1\n" << " keyindex = 2\n"
-                        << "ssid =02:00:00:00:00:07,psk= abcde \n" << " CALL connectCertainAP fun \n"
-                        << "-encry 2 ,macAddr =02:00:00:00:00:07,essid =Old,password = abcde,sigquality = 2 "
-                           "authMode =1,keyindex = 2"
-                        << "...result = 0\n";
+    const Lines steps = Lines() << "value =1\n"
+                                << "Call connectUserSelectAP"
+                                << " -encry 2 \n"
+                                << " macAddr =02:00:00:00:00:07\n"
+                                << " essid =Old\n"
+                                << " password = abcde\n"
+                                << " sigquality = 2 \n"
+                                << " authMode =1\n"
+                                << " keyindex = 2\n"
+                                << "ssid =02:00:00:00:00:07,psk= abcde \n"
+                                << " CALL connectCertainAP fun \n"
+                                << "-encry 2 ,macAddr =02:00:00:00:00:07,essid =Old,password = abcde,sigquality = 2 "
+                                   "authMode =1,keyindex = 2"
+                                << "...result = 0\n";
     const Lines log = loggedMessages([&] {
         page->receiveAPManageInfo(3, wep);
         waitForWorkers();

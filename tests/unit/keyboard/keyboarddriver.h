@@ -19,8 +19,7 @@
 inline void sendMouse(QWidget* widget, QEvent::Type type, const QPoint& pos)
 {
     const bool released = type == QEvent::MouseButtonRelease;
-    QMouseEvent event(type, pos, widget->mapToGlobal(pos),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+    QMouseEvent event(type, pos, widget->mapToGlobal(pos), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
                       released ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
 }

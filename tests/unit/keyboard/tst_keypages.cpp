@@ -36,8 +36,7 @@ void TestKeyPages::tableHoldsTheRowOneNamesAndItsEntries()
     QFETCH(int, total);
     const QStringList table = keyPageTables().value(page);
     QCOMPARE(int(table.size()), total);
-    QCOMPARE(QStringList(table.mid(0, 5)).join(QLatin1String(" ")),
-             QString::fromLatin1("ABC abc 123 !@# BS"));
+    QCOMPARE(QStringList(table.mid(0, 5)).join(QLatin1String(" ")), QString::fromLatin1("ABC abc 123 !@# BS"));
     QCOMPARE(QStringList(table.mid(5)).join(QString()), entries);
 }
 
@@ -60,8 +59,7 @@ void TestKeyPages::pageShowsItsPartOfTheTableInOrder_data()
     QTest::newRow("second symbols") << 3 << second << false << false;
     QTest::newRow("above the last") << 4 << second << false << false;
     QTest::newRow("highest number") << 5 << second << false << false;
-    QTest::newRow("below the first") << -1 << QString::fromLatin1("abcdefghijklmnopqrstuvwxyz") << false
-                                     << false;
+    QTest::newRow("below the first") << -1 << QString::fromLatin1("abcdefghijklmnopqrstuvwxyz") << false << false;
 }
 
 void TestKeyPages::pageShowsItsPartOfTheTableInOrder()

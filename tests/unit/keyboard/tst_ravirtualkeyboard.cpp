@@ -16,11 +16,10 @@
 namespace {
 
 const char* const kKeyNames[] = {
-    "btn1_Lshirt", "btn1_02", "btn1_03", "btn1_04", "btn1_backspace", "btn2_01", "btn2_02",
-    "btn2_03",     "btn2_04", "btn2_05", "btn3_01", "btn3_02",        "btn3_03", "btn3_04",
-    "btn3_05",     "btn4_01", "btn4_02", "btn4_03", "btn4_04",        "btn4_05", "btn5_01",
-    "btn5_02",     "btn5_03", "btn5_04", "btn5_05", "btn6_01",        "btn6_02", "btn6_03",
-    "btn6_04",     "btn6_05", "btn7_01", "btn7_02", "btn7_03",
+    "btn1_Lshirt", "btn1_02", "btn1_03", "btn1_04", "btn1_backspace", "btn2_01", "btn2_02", "btn2_03", "btn2_04",
+    "btn2_05",     "btn3_01", "btn3_02", "btn3_03", "btn3_04",        "btn3_05", "btn4_01", "btn4_02", "btn4_03",
+    "btn4_04",     "btn4_05", "btn5_01", "btn5_02", "btn5_03",        "btn5_04", "btn5_05", "btn6_01", "btn6_02",
+    "btn6_03",     "btn6_04", "btn6_05", "btn7_01", "btn7_02",        "btn7_03",
 };
 const char kRowOne[] = "ABC abc 123 !@# BS ";
 
@@ -57,11 +56,9 @@ class Owner : public QObject
 {
     Q_OBJECT
 public:
-    explicit Owner(const RaVirtualKeyboard& watched)
-        : keyboard(watched)
+    explicit Owner(const RaVirtualKeyboard& watched) : keyboard(watched)
     {
-        connect(&keyboard, SIGNAL(changedOutSideTextSignal(QString, QString)), this,
-                SLOT(recText(QString, QString)));
+        connect(&keyboard, SIGNAL(changedOutSideTextSignal(QString, QString)), this, SLOT(recText(QString, QString)));
         connect(keyboard.spaceKey(), SIGNAL(clicked(QString)), this, SLOT(recSpaceKey(QString)));
     }
 
@@ -173,12 +170,11 @@ void TestRaVirtualKeyboard::formRowHasItsSettings_data()
     QTest::addColumn<QString>("layout");
     QTest::addColumn<int>("topMargin");
     QTest::addColumn<int>("keys");
-    QTest::newRow("1") << 1 << QString::fromLatin1("widget_key1") << QString::fromLatin1("Widget_Key_1") << 4
-                       << 5;
+    QTest::newRow("1") << 1 << QString::fromLatin1("widget_key1") << QString::fromLatin1("Widget_Key_1") << 4 << 5;
     for (int row = 2; row <= 7; ++row) {
         QTest::newRow(QByteArray::number(row).constData())
-            << row << QString::fromLatin1("widget_key%1").arg(row)
-            << QString::fromLatin1("widget_key_%1").arg(row) << 2 << (row == 7 ? 3 : 5);
+            << row << QString::fromLatin1("widget_key%1").arg(row) << QString::fromLatin1("widget_key_%1").arg(row) << 2
+            << (row == 7 ? 3 : 5);
     }
 }
 
@@ -200,8 +196,7 @@ void TestRaVirtualKeyboard::formRowHasItsSettings()
     QCOMPARE(rowLayout->contentsMargins(), QMargins(2, topMargin, 2, 0));
     QCOMPARE(rowLayout->count(), keys);
     for (int i = 0; i < keys; ++i) {
-        QCOMPARE(rowLayout->itemAt(i)->widget()->objectName(),
-                 QString::fromLatin1(kKeyNames[(row - 1) * 5 + i]));
+        QCOMPARE(rowLayout->itemAt(i)->widget()->objectName(), QString::fromLatin1(kKeyNames[(row - 1) * 5 + i]));
     }
 }
 
@@ -264,8 +259,7 @@ void TestRaVirtualKeyboard::keyTypes()
 {
     RaVirtualKeyboard keyboard(nullptr);
     for (RaVirtualKeyboard_Btn* key : allKeys(keyboard)) {
-        const bool picture =
-            key == keyNamed(keyboard, "btn1_Lshirt") || key == keyNamed(keyboard, "btn1_backspace");
+        const bool picture = key == keyNamed(keyboard, "btn1_Lshirt") || key == keyNamed(keyboard, "btn1_backspace");
         key->setText(QLatin1String("x"));
         QCOMPARE(key->text(), picture ? QString() : QString::fromLatin1("x"));
     }
@@ -275,16 +269,14 @@ void TestRaVirtualKeyboard::keyStyleSheets()
 {
     RaVirtualKeyboard keyboard(nullptr);
     for (const RaVirtualKeyboard_Btn* key : allKeys(keyboard)) {
-        QString expected =
-            QLatin1String("QPushButton{background-color: rgb(54,54, 54);font-size:28px;color:white;"
-                          "border:1px solid rgba(0,0,0,0%);border-radius:10px;}");
+        QString expected = QLatin1String("QPushButton{background-color: rgb(54,54, 54);font-size:28px;color:white;"
+                                         "border:1px solid rgba(0,0,0,0%);border-radius:10px;}");
         if (key == keyNamed(keyboard, "btn1_backspace")) {
             expected = QLatin1String("background-color: rgba(54,54, 54,100%);font-size:28px;color:white;"
                                      "border:1px solid rgba(0,0,0,0%);border-radius:10px;");
         } else if (key == keyNamed(keyboard, "btn1_Lshirt")) {
-            expected =
-                QLatin1String("QPushButton{background-color: rgba(54,54, 54,100%);font-size:28px;color:white;"
-                              "border:1px solid rgba(0,0,0,0%);border-radius:10px;}");
+            expected = QLatin1String("QPushButton{background-color: rgba(54,54, 54,100%);font-size:28px;color:white;"
+                                     "border:1px solid rgba(0,0,0,0%);border-radius:10px;}");
         }
         QCOMPARE(key->styleSheet(), expected);
     }
@@ -323,13 +315,11 @@ void TestRaVirtualKeyboard::pageShowsItsKeyTexts_data()
     QTest::addColumn<QString>("keyTexts");
     const QString rowOne = QLatin1String(kRowOne);
     const QString second = rowOne + QLatin1String("< > [ ] { }") + QString(22, QLatin1Char(' '));
-    QTest::newRow("letters") << 0
-                             << rowOne +
-                                    QLatin1String("a b c d e f g h i j k l m n o p q r s t u v w x y z  ");
-    QTest::newRow("digits") << 1
-                            << rowOne + QLatin1String("1 2 3 4 5 6 7 8 9 0") + QString(18, QLatin1Char(' '));
-    QTest::newRow("first symbols")
-        << 2 << rowOne + QLatin1String(" . , ? ! ` ' \" - / : ; ( ) $ & @ # % ^ * + = _ \\ | ~ RI");
+    QTest::newRow("letters") << 0 << rowOne + QLatin1String("a b c d e f g h i j k l m n o p q r s t u v w x y z  ");
+    QTest::newRow("digits") << 1 << rowOne + QLatin1String("1 2 3 4 5 6 7 8 9 0") + QString(18, QLatin1Char(' '));
+    QTest::newRow("first symbols") << 2
+                                   << rowOne
+                                          + QLatin1String(" . , ? ! ` ' \" - / : ; ( ) $ & @ # % ^ * + = _ \\ | ~ RI");
     QTest::newRow("second symbols") << 3 << second;
     QTest::newRow("page 4") << 4 << second;
     QTest::newRow("page 5") << 5 << second;
@@ -440,10 +430,8 @@ void TestRaVirtualKeyboard::keysFillTheirRowsEvenly()
         const RaVirtualKeyboard_Btn* key = keyNamed(keyboard, kKeyNames[i]);
         const QRect place(key->mapTo(&keyboard, QPoint()), key->size());
         QVERIFY(QRect(0, 0, 320, 250).contains(place));
-        QVERIFY(i < 30 ? place.width() == 59 || place.width() == 60
-                       : place.width() >= 101 && place.width() <= 103);
-        QVERIFY(i < 5 ? place.height() == 29 || place.height() == 30
-                      : place.height() == 31 || place.height() == 32);
+        QVERIFY(i < 30 ? place.width() == 59 || place.width() == 60 : place.width() >= 101 && place.width() <= 103);
+        QVERIFY(i < 5 ? place.height() == 29 || place.height() == 30 : place.height() == 31 || place.height() == 32);
         if (i >= 5 && i < 30) { // stands right below its neighbour
             const RaVirtualKeyboard_Btn* above = keyNamed(keyboard, kKeyNames[i - 5]);
             QCOMPARE(place.x(), above->mapTo(&keyboard, QPoint()).x());
@@ -614,8 +602,8 @@ void TestRaVirtualKeyboard::everyPrintableCharacterCanBeTyped()
     Owner owner(keyboard);
     const QString keyText = character == QLatin1String(" ") ? QString() : character;
 
-    const QStringList way = QStringList() << QLatin1String("ABC") << QLatin1String("123")
-                                          << QLatin1String("!@#") << QLatin1String("RI");
+    const QStringList way = QStringList() << QLatin1String("ABC") << QLatin1String("123") << QLatin1String("!@#")
+                                          << QLatin1String("RI");
     RaVirtualKeyboard_Btn* key = visibleKey(keyboard, keyText);
     for (int i = 0; !key && i < int(way.size()); ++i) {
         RaVirtualKeyboard_Btn* pageKey = visibleKey(keyboard, way.at(i));

@@ -23,9 +23,7 @@ const char kPink[] = "QPushButton{background-color: rgba(248, 129, 133,100%);fon
 // A key of the size that the keyboard gives it.
 struct Key : RaVirtualKeyboard_Btn
 {
-    Key()
-        : RaVirtualKeyboard_Btn(nullptr)
-        , reported(this, SIGNAL(clicked(QString)))
+    Key() : RaVirtualKeyboard_Btn(nullptr), reported(this, SIGNAL(clicked(QString)))
     {
         resize(59, 31);
         updateStyle(false);
@@ -142,8 +140,7 @@ void TestRaVirtualKeyboardBtn::declaresItsSignalsAndSlotsInOrder()
     QCOMPARE(declaredMethods(RairtualKeyboard_Lb::staticMetaObject, QMetaMethod::Signal), QStringList());
     QCOMPARE(declaredMethods(RairtualKeyboard_Lb::staticMetaObject, QMetaMethod::Slot),
              QStringList() << QLatin1String("clear()"));
-    QCOMPARE(RaVirtualKeyboard_ProxyStyle::staticMetaObject.methodCount(),
-             QProxyStyle::staticMetaObject.methodCount());
+    QCOMPARE(RaVirtualKeyboard_ProxyStyle::staticMetaObject.methodCount(), QProxyStyle::staticMetaObject.methodCount());
     QCOMPARE(QByteArray(RaVirtualKeyboard_ProxyStyle::staticMetaObject.className()),
              QByteArray("RaVirtualKeyboard_ProxyStyle"));
 }
@@ -344,11 +341,9 @@ void TestRaVirtualKeyboardBtn::receiverMayChangeTheText()
     Key key;
     key.setText(QLatin1String("a"));
     QStringList heard;
-    connect(&key,
-            static_cast<void (RaVirtualKeyboard_Btn::*)(const QString&)>(&RaVirtualKeyboard_Btn::clicked),
+    connect(&key, static_cast<void (RaVirtualKeyboard_Btn::*)(const QString&)>(&RaVirtualKeyboard_Btn::clicked),
             [&key](const QString&) { key.setText(QLatin1String("1")); });
-    connect(&key,
-            static_cast<void (RaVirtualKeyboard_Btn::*)(const QString&)>(&RaVirtualKeyboard_Btn::clicked),
+    connect(&key, static_cast<void (RaVirtualKeyboard_Btn::*)(const QString&)>(&RaVirtualKeyboard_Btn::clicked),
             [&heard](const QString& text) { heard << text; });
     tap(&key);
     QCOMPARE(heard, QStringList() << QLatin1String("a"));

@@ -27,16 +27,7 @@ namespace {
 
 struct Keyboard : RaVirtualKeyboard
 {
-    Keyboard()
-        : RaVirtualKeyboard(nullptr)
-        , typed(this, SIGNAL(changedOutSideTextSignal(QString, QString)))
-        , steps(this, SIGNAL(sendKeyboardMoveStep(bool, int)))
-        , digits(this, SIGNAL(sendKeyboardNumber()))
-        , symbols(this, SIGNAL(sendKeyboardSymbol()))
-        , letters(this, SIGNAL(sendKeyboardCharacter()))
-    {
-        show(QString(), QLatin1String("field"));
-    }
+    Keyboard() : RaVirtualKeyboard(nullptr) { show(QString(), QLatin1String("field")); }
 
     RaVirtualKeyboard_Btn* key(const char* name) const { return keyNamed(*this, name); }
 
@@ -52,20 +43,18 @@ struct Keyboard : RaVirtualKeyboard
     void click(const QString& keyText) { recKeyClicked(keyText); }
     void click(const char* keyText) { recKeyClicked(QLatin1String(keyText)); }
 
-    QSignalSpy typed;
-    QSignalSpy steps;
-    QSignalSpy digits;
-    QSignalSpy symbols;
-    QSignalSpy letters;
+    QSignalSpy typed{this, SIGNAL(changedOutSideTextSignal(QString, QString))};
+    QSignalSpy steps{this, SIGNAL(sendKeyboardMoveStep(bool, int))};
+    QSignalSpy digits{this, SIGNAL(sendKeyboardNumber())};
+    QSignalSpy symbols{this, SIGNAL(sendKeyboardSymbol())};
+    QSignalSpy letters{this, SIGNAL(sendKeyboardCharacter())};
 };
 
 // A finger that is down on \a widget and moves up or down, wherever the widget goes meanwhile.
 class Finger
 {
 public:
-    explicit Finger(QWidget* widget)
-        : m_widget(widget)
-        , m_screen(widget->mapToGlobal(widget->rect().center()))
+    explicit Finger(QWidget* widget) : m_widget(widget), m_screen(widget->mapToGlobal(widget->rect().center()))
     {
         send(QEvent::MouseButtonPress);
     }
@@ -100,10 +89,7 @@ auto newTouches(QWidget* widget)
 class TouchScreen
 {
 public:
-    explicit TouchScreen(QWidget* window)
-        : m_touches(newTouches(window))
-    {
-    }
+    explicit TouchScreen(QWidget* window) : m_touches(newTouches(window)) {}
     void press(QWidget* widget)
     {
         others();
@@ -179,8 +165,7 @@ class Mover : public QObject
 {
     Q_OBJECT
 public:
-    explicit Mover(QWidget* moved)
-        : m_moved(moved)
+    explicit Mover(QWidget* moved) : m_moved(moved)
     {
         connect(moved, SIGNAL(sendKeyboardMoveStep(bool, int)), this, SLOT(recStep(bool, int)));
     }
@@ -271,14 +256,12 @@ private Q_SLOTS:
 void TestRaVirtualKeyboardInput::declaresItsSignalsAndSlotsInOrder()
 {
     QCOMPARE(declaredMethods(RaVirtualKeyboard::staticMetaObject, QMetaMethod::Signal),
-             QStringList() << QLatin1String("sendKeyboardMoveStep(bool,int)")
-                           << QLatin1String("sendKeyboardNumber()") << QLatin1String("sendKeyboardSymbol()")
-                           << QLatin1String("sendKeyboardCharacter()")
+             QStringList() << QLatin1String("sendKeyboardMoveStep(bool,int)") << QLatin1String("sendKeyboardNumber()")
+                           << QLatin1String("sendKeyboardSymbol()") << QLatin1String("sendKeyboardCharacter()")
                            << QLatin1String("changedOutSideTextSignal(QString,QString)"));
     QCOMPARE(declaredMethods(RaVirtualKeyboard::staticMetaObject, QMetaMethod::Slot),
-             QStringList() << QLatin1String("recKeyClicked(QString)")
-                           << QLatin1String("show(QString,QString)") << QLatin1String("show()")
-                           << QLatin1String("updatePressStatus()"));
+             QStringList() << QLatin1String("recKeyClicked(QString)") << QLatin1String("show(QString,QString)")
+                           << QLatin1String("show()") << QLatin1String("updatePressStatus()"));
 }
 
 void TestRaVirtualKeyboardInput::characterIsHandedOverInItsOwnCase_data()
@@ -328,11 +311,10 @@ void TestRaVirtualKeyboardInput::specialKeyActs_data()
     QTest::addColumn<int>("digits");
     QTest::addColumn<int>("symbols");
     QTest::addColumn<int>("letters");
-    const auto add = [](const char* name, const char* before, const char* keyText, const char* firstKey,
-                        int digits, int symbols, int letters) {
-        QTest::newRow(name) << QString::fromLatin1(before).split(QLatin1Char(' '))
-                            << QString::fromLatin1(keyText) << QString::fromLatin1(firstKey) << digits
-                            << symbols << letters;
+    const auto add = [](const char* name, const char* before, const char* keyText, const char* firstKey, int digits,
+                        int symbols, int letters) {
+        QTest::newRow(name) << QString::fromLatin1(before).split(QLatin1Char(' ')) << QString::fromLatin1(keyText)
+                            << QString::fromLatin1(firstKey) << digits << symbols << letters;
     };
     add("ABC on the letters", "", "ABC", "A", 0, 0, 0);
     add("abc on the letters", "", "abc", "A", 0, 0, 0);
@@ -496,8 +478,7 @@ void TestRaVirtualKeyboardInput::dispatchIsLogged_data()
     QTest::addColumn<QByteArray>("message");
     QTest::newRow("lower case letter") << QString::fromLatin1("a") << QByteArray("true");
     QTest::newRow("upper case letter") << QString::fromLatin1("A") << QByteArray("false");
-    QTest::newRow("special key in upper case")
-        << QString::fromLatin1("abc") << QByteArray("---------------- ABC");
+    QTest::newRow("special key in upper case") << QString::fromLatin1("abc") << QByteArray("---------------- ABC");
     QTest::newRow("page number") << QString::fromLatin1("123") << QByteArray("symbal_page_ = 1");
 }
 
@@ -790,8 +771,7 @@ void TestRaVirtualKeyboardInput::twoFingersTypeEachKeyOnce_data()
     QTest::newRow("one within the other") << QString::fromLatin1("+a+b-b-a") << QString::fromLatin1("ba");
     QTest::newRow("three rolled over") << QString::fromLatin1("+a+b-a+c-b-c") << QString::fromLatin1("abc");
     QTest::newRow("same key too soon") << QString::fromLatin1("+a-a+b-b+a-a") << QString::fromLatin1("ab");
-    QTest::newRow("pressed twice, released once")
-        << QString::fromLatin1("+a+a-a") << QString::fromLatin1("a");
+    QTest::newRow("pressed twice, released once") << QString::fromLatin1("+a+a-a") << QString::fromLatin1("a");
 }
 
 void TestRaVirtualKeyboardInput::twoFingersTypeEachKeyOnce()

@@ -29,10 +29,7 @@ const char deadBus[] = "unix:path=/nonexistent/bus";
 class Collector : public QCopChannel
 {
 public:
-    explicit Collector(const QString& channel)
-        : QCopChannel(channel)
-    {
-    }
+    explicit Collector(const QString& channel) : QCopChannel(channel) {}
     void receive(const QString& msg, const QByteArray& data) override
     {
         messages.append(msg.toUtf8() + '=' + data);

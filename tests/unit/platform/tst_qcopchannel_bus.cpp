@@ -29,14 +29,8 @@ QString text(const char* latin1)
 class Collector : public QCopChannel
 {
 public:
-    explicit Collector(const QString& channel)
-        : QCopChannel(channel)
-    {
-    }
-    void receive(const QString& msg, const QByteArray& data) override
-    {
-        messages.append(msg.toUtf8() + '=' + data);
-    }
+    explicit Collector(const QString& channel) : QCopChannel(channel) {}
+    void receive(const QString& msg, const QByteArray& data) override { messages.append(msg.toUtf8() + '=' + data); }
     QList<QByteArray> messages;
 };
 
@@ -63,11 +57,7 @@ int partReceive(const QStringList& arguments)
     class Printer : public QCopChannel
     {
     public:
-        Printer(const QString& channel, int number)
-            : QCopChannel(channel)
-            , left(number)
-        {
-        }
+        Printer(const QString& channel, int number) : QCopChannel(channel), left(number) {}
         void receive(const QString& msg, const QByteArray& data) override
         {
             say(msg.toUtf8() + '=' + data.toHex());
@@ -113,10 +103,7 @@ int partCrowd(const QStringList& arguments)
 class Counter : public QCopChannel
 {
 public:
-    explicit Counter(const QString& channel)
-        : QCopChannel(channel)
-    {
-    }
+    explicit Counter(const QString& channel) : QCopChannel(channel) {}
     void receive(const QString& msg, const QByteArray& data) override
     {
         ++total;
@@ -140,9 +127,8 @@ int partIsRegistered(const QStringList& arguments)
 /** Uses the bus for the first time on a thread of its own, and says what the toolkit warned about. */
 int partWorkerFirst(const QStringList& arguments)
 {
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
-        say("warning: " + message.toUtf8());
-    });
+    qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& message) { say("warning: " + message.toUtf8()); });
     std::thread worker([&arguments] {
         say(QCopChannel::isRegistered(arguments.at(0)) ? "yes" : "no");
         QCopChannel::send(arguments.at(0), text("from the worker"));
@@ -214,8 +200,7 @@ void TestQCopChannelBus::messagesOfAnotherProcessArriveInOrderAndFlushedOnesAllA
 {
     const int count = 500;
     Collector receiver(text("order"));
-    QCOMPARE(outputOf(QStringList() << text("send") << text("order") << QString::number(count)),
-             QByteArray());
+    QCOMPARE(outputOf(QStringList() << text("send") << text("order") << QString::number(count)), QByteArray());
     QTRY_COMPARE(static_cast<int>(receiver.messages.size()), count);
     for (int i = 0; i < count; ++i) {
         QCOMPARE(receiver.messages.at(i), QByteArray::number(i) + '=' + QByteArray("\0\xff", 2));
@@ -359,8 +344,8 @@ void TestQCopChannelBus::aHundredThousandMessagesOfManySendersAllArriveInOrder()
     Counter receiver(text("crowd"));
     QProcess others[processes];
     for (int i = 0; i < processes; ++i) {
-        start(others[i], QStringList() << text("crowd") << text("crowd") << QString::number(i + 1)
-                                       << QString::number(countEach));
+        start(others[i],
+              QStringList() << text("crowd") << text("crowd") << QString::number(i + 1) << QString::number(countEach));
         QCOMPARE(nextLine(others[i]), QByteArray("ready"));
     }
     for (QProcess& other : others) {
@@ -408,10 +393,10 @@ int main(int argc, char** argv)
     if (!configuration.open(QIODevice::WriteOnly)) {
         return 1;
     }
-    configuration.write("<busconfig><type>session</type><listen>" + address +
-                        "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow user=\"*\"/>"
-                        "<allow own=\"*\"/><allow send_destination=\"*\"/><allow receive_sender=\"*\"/>"
-                        "</policy></busconfig>");
+    configuration.write("<busconfig><type>session</type><listen>" + address
+                        + "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow user=\"*\"/>"
+                          "<allow own=\"*\"/><allow send_destination=\"*\"/><allow receive_sender=\"*\"/>"
+                          "</policy></busconfig>");
     configuration.close();
     QProcess bus;
     // It ends with this process, however that ends.

@@ -211,11 +211,9 @@ void TestRaFile::aFileThatCannotBeReplacedStaysWithOneLogLine_data()
     QTest::addColumn<QByteArray>("fault");
     QTest::addColumn<QByteArray>("message");
     QTest::newRow("directory in the way of the temporary file")
-        << QByteArray("mkdir /home/wifi/file.txt.tmp")
-        << QByteArray("cannot write the new /home/wifi/file.txt: ");
-    QTest::newRow("directory in place of the file")
-        << QByteArray("rm /home/wifi/file.txt; mkdir /home/wifi/file.txt")
-        << QByteArray("cannot replace /home/wifi/file.txt: ");
+        << QByteArray("mkdir /home/wifi/file.txt.tmp") << QByteArray("cannot write the new /home/wifi/file.txt: ");
+    QTest::newRow("directory in place of the file") << QByteArray("rm /home/wifi/file.txt; mkdir /home/wifi/file.txt")
+                                                    << QByteArray("cannot replace /home/wifi/file.txt: ");
     QTest::newRow("no directory") << QByteArray("rm -r /home/wifi")
                                   << QByteArray("cannot write the new /home/wifi/file.txt: ");
 }

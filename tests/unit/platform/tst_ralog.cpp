@@ -43,7 +43,8 @@ void TestRaLog::lineHasPrefixMessageAndSuffix_data()
     QTest::addColumn<int>("level");
     QTest::addColumn<QByteArray>("start");
     QTest::addColumn<QByteArray>("mark");
-    QTest::newRow("debug") << static_cast<int>(RaLogLevel::Debug) << QByteArray("\033[32m[") << QByteArray(" D/LOG]  [");
+    QTest::newRow("debug") << static_cast<int>(RaLogLevel::Debug) << QByteArray("\033[32m[")
+                           << QByteArray(" D/LOG]  [");
     QTest::newRow("warning") << static_cast<int>(RaLogLevel::Warning) << QByteArray("\033[33m[")
                              << QByteArray(" W/LOG]  [");
 }
@@ -70,8 +71,12 @@ void TestRaLog::controlCharactersAreVisible_data()
     QTest::newRow("break at the end") << QByteArray("a\n") << QByteArray("a\\x0a");
     QTest::newRow("escape") << QByteArray("\033[31m") << QByteArray("\\x1b[31m");
     QTest::newRow("delete") << QByteArray("\177") << QByteArray("\\x7f");
-    QTest::newRow("beyond ASCII") << QByteArray("\xc2\x9b" "31m\xc2\x85\xc2") << QByteArray("\\xc2\\x9b31m\\xc2\\x85\xc2");
-    QTest::newRow("bytes that a terminal may obey") << QByteArray("\x9b" "31m \xe4\x9b") << QByteArray("\\x9b31m \xe4\\x9b");
+    QTest::newRow("beyond ASCII") << QByteArray("\xc2\x9b"
+                                                "31m\xc2\x85\xc2")
+                                  << QByteArray("\\xc2\\x9b31m\\xc2\\x85\xc2");
+    QTest::newRow("bytes that a terminal may obey") << QByteArray("\x9b"
+                                                                  "31m \xe4\x9b")
+                                                    << QByteArray("\\x9b31m \xe4\\x9b");
     QTest::newRow("signs beyond ASCII stay") << QByteArray("\xc2\xa0\xc2\xbf") << QByteArray("\xc2\xa0\xc2\xbf");
     QTest::newRow("utf-8 stays") << QByteArray("\xe4\xb8\xad") << QByteArray("\xe4\xb8\xad");
 }

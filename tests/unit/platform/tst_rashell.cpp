@@ -86,8 +86,7 @@ void TestRaShell::commandsThatAreTooLongDoNotRun()
     QFETCH(bool, runs);
     const QByteArray text(length - 6, 'x');
     int status = 0;
-    const QByteArray log =
-        capturedOutput(stderr, [&] { status = raRunCommandF("route %s", text.constData()); });
+    const QByteArray log = capturedOutput(stderr, [&] { status = raRunCommandF("route %s", text.constData()); });
     QCOMPARE(status, runs ? 0 : -1);
     QCOMPARE(fakesystem::commands(), runs ? QList<QByteArray>() << "route " + text : QList<QByteArray>());
     QCOMPARE(log.contains("too long"), !runs);

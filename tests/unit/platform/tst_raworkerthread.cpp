@@ -30,10 +30,7 @@ void* runWork(void* work)
 /** Counts how many of its kind have been destroyed, on whatever way out of a routine. */
 struct Counted
 {
-    explicit Counted(std::atomic<int>& counter)
-        : destroyed(counter)
-    {
-    }
+    explicit Counted(std::atomic<int>& counter) : destroyed(counter) {}
     ~Counted() { ++destroyed; }
     std::atomic<int>& destroyed;
 };

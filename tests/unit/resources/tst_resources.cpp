@@ -6,15 +6,16 @@
 #include <QImage>
 #include <QPushButton>
 #include <QResource>
-#include <QtTest>
 #include <QVBoxLayout>
+#include <QtTest>
 
 #include <utility>
 
 namespace {
 
-struct Picture {
-    const char *name;
+struct Picture
+{
+    const char* name;
     int bytes;
     QSize pixels;
 };
@@ -55,17 +56,17 @@ const char sheetPath[] = ":/ravirtualkeyboard.qss";
 const int sheetBytes = 905;
 const QRgb rowColour = qRgb(54, 54, 54);
 
-QString pathOf(const char *name)
+QString pathOf(const char* name)
 {
     return QLatin1String(folder) + QLatin1Char('/') + QLatin1String(name);
 }
 
-QImage load(const char *name)
+QImage load(const char* name)
 {
     return QImage(pathOf(name)).convertToFormat(QImage::Format_ARGB32);
 }
 
-bool isStoredAsItIs(const QResource &resource)
+bool isStoredAsItIs(const QResource& resource)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
     return resource.compressionAlgorithm() == QResource::NoCompression;
@@ -75,7 +76,7 @@ bool isStoredAsItIs(const QResource &resource)
 }
 
 // How much ink a mark shows: the opacity of all its pixels.
-int inkOf(const QImage &image)
+int inkOf(const QImage& image)
 {
     int ink = 0;
     for (int y = 0; y < image.height(); ++y)
@@ -84,7 +85,7 @@ int inkOf(const QImage &image)
     return ink;
 }
 
-bool isOpaque(const QImage &image)
+bool isOpaque(const QImage& image)
 {
     return inkOf(image) == 255 * image.width() * image.height();
 }
@@ -125,7 +126,7 @@ void TestResources::pictureHasItsSizeAndDecodes_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<int>("bytes");
     QTest::addColumn<QSize>("pixels");
-    for (const Picture &picture : pictures)
+    for (const Picture& picture : pictures)
         QTest::newRow(picture.name) << pathOf(picture.name) << picture.bytes << picture.pixels;
 }
 
@@ -146,7 +147,7 @@ void TestResources::pictureHasItsSizeAndDecodes()
 void TestResources::bundleHoldsThesePicturesInThisOrderAndNoOther()
 {
     QStringList expected;
-    for (const Picture &picture : pictures)
+    for (const Picture& picture : pictures)
         expected << QLatin1String(picture.name);
 
     const QDir images{QLatin1String(folder)};
@@ -156,13 +157,20 @@ void TestResources::bundleHoldsThesePicturesInThisOrderAndNoOther()
 void TestResources::missingPictureStaysMissing_data()
 {
     QTest::addColumn<QString>("path");
-    const char *const paths[] = {
-        ":/images/space_key.png",      ":/images/wifie1.png",           ":/images/wifie2.png",
-        ":/images/search-icon.png",    ":/image/btncheckoff1.png",      ":/image/btncheckon1.png",
-        ":pngs/images/back.png",       ":pngs/images/increase_vol.png", ":pngs/images/decrease_vol.png",
-        ":pngs/images/increase_brightness.png", ":pngs/images/decrease_brightness.png",
+    const char* const paths[] = {
+        ":/images/space_key.png",
+        ":/images/wifie1.png",
+        ":/images/wifie2.png",
+        ":/images/search-icon.png",
+        ":/image/btncheckoff1.png",
+        ":/image/btncheckon1.png",
+        ":pngs/images/back.png",
+        ":pngs/images/increase_vol.png",
+        ":pngs/images/decrease_vol.png",
+        ":pngs/images/increase_brightness.png",
+        ":pngs/images/decrease_brightness.png",
     };
-    for (const char *path : paths)
+    for (const char* path : paths)
         QTest::newRow(path) << QString::fromLatin1(path);
 }
 
@@ -176,7 +184,7 @@ void TestResources::missingPictureStaysMissing()
 void TestResources::markIsTransparentAround_data()
 {
     QTest::addColumn<QString>("path");
-    for (const Picture &picture : pictures)
+    for (const Picture& picture : pictures)
         if (picture.pixels.width() < 320)
             QTest::newRow(picture.name) << pathOf(picture.name);
 }
@@ -220,9 +228,9 @@ void TestResources::rowBackgroundFillsTheRow()
 void TestResources::everyLevelShowsMoreThanTheOneBelow_data()
 {
     QTest::addColumn<QStringList>("names");
-    QTest::newRow("open") << (QStringList() << QLatin1String("wifi1.png") << QLatin1String("wifi2.png")
-                                            << QLatin1String("wifi3.png") << QLatin1String("wifi4.png")
-                                            << QLatin1String("wifi5.png"));
+    QTest::newRow("open") << (QStringList()
+                              << QLatin1String("wifi1.png") << QLatin1String("wifi2.png") << QLatin1String("wifi3.png")
+                              << QLatin1String("wifi4.png") << QLatin1String("wifi5.png"));
     QTest::newRow("locked") << (QStringList() << QLatin1String("wifie01.png") << QLatin1String("wifie02.png")
                                               << QLatin1String("wifie3.png") << QLatin1String("wifie4.png")
                                               << QLatin1String("wifie5.png"));
@@ -232,7 +240,7 @@ void TestResources::everyLevelShowsMoreThanTheOneBelow()
 {
     QFETCH(QStringList, names);
     int below = 0;
-    for (const QString &name : std::as_const(names)) {
+    for (const QString& name : std::as_const(names)) {
         const int ink = inkOf(load(name.toLatin1().constData()));
         QVERIFY2(ink > below, qPrintable(name));
         below = ink;
@@ -279,7 +287,7 @@ void TestResources::styleSheetKeepsItsDeclarationsInOrder()
         QStringLiteral("background-color:rgba(255,255,255,100%);"),
     };
     int from = 0;
-    for (const QString &part : expected) {
+    for (const QString& part : expected) {
         const int at = int(text.indexOf(part, from));
         QVERIFY2(at >= from, qPrintable(part));
         from = at + int(part.size());
@@ -301,14 +309,14 @@ void TestResources::styleSheetStylesTheKeys()
     white.setObjectName(QLatin1String("btn0_02"));
     pressed.setText(QLatin1String(" "));
     pressed.setDown(true);
-    for (QPushButton *key : {&empty, &plain, &white, &pressed}) {
+    for (QPushButton* key : {&empty, &plain, &white, &pressed}) {
         key->setFixedSize(60, 40);
         layout.addWidget(key);
     }
     page.adjustSize();
 
     const QImage shown = page.grab().toImage();
-    const auto colourOf = [&shown](const QPushButton &key) { return shown.pixelColor(key.geometry().center()); };
+    const auto colourOf = [&shown](const QPushButton& key) { return shown.pixelColor(key.geometry().center()); };
     QCOMPARE(colourOf(empty), QColor(255, 0, 0));
     QVERIFY(qAbs(colourOf(plain).red() - 178) <= 2); // 30 % black over red
     QCOMPARE(colourOf(plain).green(), 0);

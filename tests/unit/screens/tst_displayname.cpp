@@ -31,9 +31,10 @@ void TestDisplayName::unseenCharactersBecomeVisible_data()
     row("outside the basic plane", "a😀b", "a😀b");
     row("rich text is text", "<b>x</b>&amp;", "<b>x</b>&amp;");
     row("place markers are text", "%1 %n %s", "%1 %n %s");
-    row("tab and line break", "a\tb\nc", "a\xef\xbf\xbd"
-                                           "b\xef\xbf\xbd"
-                                           "c");
+    row("tab and line break", "a\tb\nc",
+        "a\xef\xbf\xbd"
+        "b\xef\xbf\xbd"
+        "c");
     row("escape", "\033[31m", "\xef\xbf\xbd[31m");
     row("last control U+001F", "a\x1f", "a\xef\xbf\xbd");
     row("delete", "a\x7f", "a\xef\xbf\xbd");
@@ -91,8 +92,8 @@ void TestDisplayName::longNamesAreCutAfterTwentyCharacters_data()
     QTest::newRow("20") << digits << digits;
     QTest::newRow("21") << digits + QLatin1Char('x') << digits + QLatin1String("...");
     QTest::newRow("200") << QString(200, QLatin1Char('w')) << QString(20, QLatin1Char('w')) + QLatin1String("...");
-    QTest::newRow("a pair ends at the cut") << digits.left(18) + smile + QLatin1Char('x')
-                                            << digits.left(18) + smile + QLatin1String("...");
+    QTest::newRow("a pair ends at the cut")
+        << digits.left(18) + smile + QLatin1Char('x') << digits.left(18) + smile + QLatin1String("...");
     QTest::newRow("a pair lies across the cut") << digits.left(19) + smile << digits.left(19) + QLatin1String("...");
 }
 

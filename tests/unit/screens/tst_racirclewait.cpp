@@ -27,11 +27,7 @@ QPoint dotAt(int angle, int side)
 class Watcher : public QObject
 {
 public:
-    explicit Watcher(QWidget* watched)
-        : m_watched(watched)
-    {
-        qApp->installEventFilter(this);
-    }
+    explicit Watcher(QWidget* watched) : m_watched(watched) { qApp->installEventFilter(this); }
     bool eventFilter(QObject* object, QEvent* event) override
     {
         if (event->type() == QEvent::Timer && !object->parent() && qobject_cast<QTimer*>(object)) {
@@ -118,8 +114,7 @@ void TestRaCircleWait::angleMovesOnWithEachRepaint_data()
     QTest::newRow("clockwise") << 36 << true
                                << (QList<int>() << 0 << 1 << 2 << 3 << 4 << 5 << 6 << 7 << 8 << 9 << 0 << 1);
     QTest::newRow("anticlockwise") << 36 << false
-                                   << (QList<int>()
-                                       << 0 << 9 << 8 << 7 << 6 << 5 << 4 << 3 << 2 << 1 << 0 << 9);
+                                   << (QList<int>() << 0 << 9 << 8 << 7 << 6 << 5 << 4 << 3 << 2 << 1 << 0 << 9);
     QTest::newRow("two at a time") << 72 << true << (QList<int>() << 0 << 2 << 4 << 6 << 8 << 0);
     QTest::newRow("standing") << 0 << true << (QList<int>() << 0 << 0 << 0);
     QTest::newRow("a negative step turns round") << -36 << true << (QList<int>() << 0 << 9 << 8);

@@ -130,8 +130,8 @@ void TestRaItemPushBtn::copiesEveryFieldOfTheRecord()
     data.id = kept.id;
     QCOMPARE(std::memcmp(&kept, &data, sizeof data), 0);
     QCOMPARE(row.getPushBtnIndex(), 17);
-    QCOMPARE(row.getText(), QString::fromLatin1("\1\2\3\4").replace(QRegularExpression(QLatin1String(".")),
-                                                                    QString(QChar(0xfffd))));
+    QCOMPARE(row.getText(),
+             QString::fromLatin1("\1\2\3\4").replace(QRegularExpression(QLatin1String(".")), QString(QChar(0xfffd))));
 }
 
 void TestRaItemPushBtn::nullRecordChangesNothing()

@@ -27,10 +27,7 @@ public:
         show();
     }
 
-    QList<RaItemPushBtn*> rows() const
-    {
-        return findChildren<RaItemPushBtn*>(QString(), Qt::FindDirectChildrenOnly);
-    }
+    QList<RaItemPushBtn*> rows() const { return findChildren<RaItemPushBtn*>(QString(), Qt::FindDirectChildrenOnly); }
     RaSwitchListWidget* switchRow() const { return findChild<RaSwitchListWidget*>(); }
     QTimer* releaseTimer() const { return findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly); }
 
@@ -130,8 +127,7 @@ void TestRaListwidget::cleanup()
 void TestRaListwidget::declaresItsMethodsInOrder()
 {
     const QMetaObject& meta = RaListwidget::staticMetaObject;
-    QCOMPARE(signalsOf(meta), QStringList() << QLatin1String("itemClick(int)")
-                                            << QLatin1String("checkedChanged(bool)")
+    QCOMPARE(signalsOf(meta), QStringList() << QLatin1String("itemClick(int)") << QLatin1String("checkedChanged(bool)")
                                             << QLatin1String("sendMoveStep(bool,int)")
                                             << QLatin1String("sendSelectItemByList(APData)"));
     QCOMPARE(slotsOf(meta), QStringList() << QLatin1String("recSwitchChanged(bool)")
@@ -308,9 +304,8 @@ void TestRaListwidget::dragReportsSteps()
 {
     ShownList list(3);
     QSignalSpy moves(&list, SIGNAL(sendMoveStep(bool,int)));
-    const QByteArray log = capturedOutput(stderr, [&list] {
-        list.drag(list.rows().at(0), QList<int>() << 5 << -5 << 30 << -12);
-    });
+    const QByteArray log =
+        capturedOutput(stderr, [&list] { list.drag(list.rows().at(0), QList<int>() << 5 << -5 << 30 << -12); });
     QCOMPARE(moves.count(), 4);
     const int steps[] = {5, -5, 30, -12};
     for (int i = 0; i < 4; ++i) {
@@ -627,8 +622,8 @@ void TestRaListwidget::wheelScrolls()
     ShownList list(3);
     QSignalSpy moves(&list, SIGNAL(sendMoveStep(bool,int)));
     const QPointF point(100, 100);
-    QWheelEvent event(point, list.mapToGlobal(point.toPoint()), QPoint(), QPoint(0, turn), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent event(point, list.mapToGlobal(point.toPoint()), QPoint(), QPoint(0, turn), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&list, &event);
     QCOMPARE(moves.count(), way == 0 ? 0 : 1);
     if (way != 0) {

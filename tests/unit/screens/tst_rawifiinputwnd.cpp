@@ -53,7 +53,8 @@ public:
     QPushButton* button(const char* text) const
     {
         for (QPushButton* candidate : findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (candidate->text() == QString::fromUtf8(text) || candidate->accessibleName() == QString::fromUtf8(text)) {
+            if (candidate->text() == QString::fromUtf8(text)
+                || candidate->accessibleName() == QString::fromUtf8(text)) {
                 return candidate;
             }
         }
@@ -151,13 +152,13 @@ void TestRaWifiInputWnd::declaresItsMethodsInOrder()
     const QMetaObject& meta = RaWifiInputWnd::staticMetaObject;
     QCOMPARE(signalsOf(meta),
              QStringList() << QLatin1String("sendWifiInputOkMsg(APData)") << QLatin1String("sendWifiInputCancelMsg()"));
-    QCOMPARE(slotsOf(meta),
-             QStringList() << QLatin1String("onOkClicked()") << QLatin1String("onCancelClicked()")
-                           << QLatin1String("pwdSelectChanged()") << QLatin1String("recKeyboardMoveStep(bool,int)")
-                           << QLatin1String("setTextSlot(QString,QString)") << QLatin1String("recKeyboardNumber()")
-                           << QLatin1String("recKeyboardSymbol()") << QLatin1String("recKeyboardCharacter()")
-                           << QLatin1String("PwTxtEdited(QString)") << QLatin1String("PwTxtChanged(QString)")
-                           << QLatin1String("hideTips()"));
+    QCOMPARE(slotsOf(meta), QStringList()
+                                << QLatin1String("onOkClicked()") << QLatin1String("onCancelClicked()")
+                                << QLatin1String("pwdSelectChanged()") << QLatin1String("recKeyboardMoveStep(bool,int)")
+                                << QLatin1String("setTextSlot(QString,QString)") << QLatin1String("recKeyboardNumber()")
+                                << QLatin1String("recKeyboardSymbol()") << QLatin1String("recKeyboardCharacter()")
+                                << QLatin1String("PwTxtEdited(QString)") << QLatin1String("PwTxtChanged(QString)")
+                                << QLatin1String("hideTips()"));
     QCOMPARE(meta.superClass(), &QWidget::staticMetaObject);
 }
 
@@ -231,8 +232,7 @@ void TestRaWifiInputWnd::keyboardTypes_data()
     QTest::newRow("letters") << letters("h.o.m.e") << QString::fromLatin1("home");
     QTest::newRow("capital") << letters("ABC.H.ABC.o") << QString::fromLatin1("Ho");
     QTest::newRow("digits") << letters("a.123.1.0") << QString::fromLatin1("a10");
-    QTest::newRow("blank between") << (letters("a.!@#") << QString() << letters("abc.b"))
-                                   << QString::fromLatin1("a b");
+    QTest::newRow("blank between") << (letters("a.!@#") << QString() << letters("abc.b")) << QString::fromLatin1("a b");
     QTest::newRow("blank first") << (letters("!@#") << QString()) << QString::fromLatin1(" ");
     QTest::newRow("two blanks") << (letters("!@#") << QString() << QString()) << QString::fromLatin1("  ");
     QTest::newRow("symbols of both pages") << letters("!@#.&.\\.RI.{.}") << QString::fromLatin1("&\\{}");
@@ -327,9 +327,8 @@ void TestRaWifiInputWnd::lastCharacterBringsThePlaceholderBack()
 void TestRaWifiInputWnd::slotLogsOneLine()
 {
     Page page;
-    const QByteArray log = capturedOutput(stderr, [&page] {
-        page.setTextSlot(QLatin1String("q"), QLatin1String("anEdit"));
-    });
+    const QByteArray log =
+        capturedOutput(stderr, [&page] { page.setTextSlot(QLatin1String("q"), QLatin1String("anEdit")); });
     QVERIFY2(log.contains("text=q,objName = anEdit"), log.constData());
 }
 
@@ -524,16 +523,16 @@ void TestRaWifiInputWnd::hardwareKeys_data()
     QTest::addColumn<int>("cancels");
     const QString ab = QString::fromLatin1("ab");
     const QString none;
-    QTest::newRow("letter into the placeholder") << none << int(Qt::Key_Q) << QString::fromLatin1("q")
-                                                 << QString::fromLatin1("q") << 0 << 0;
+    QTest::newRow("letter into the placeholder")
+        << none << int(Qt::Key_Q) << QString::fromLatin1("q") << QString::fromLatin1("q") << 0 << 0;
     QTest::newRow("letter") << ab << int(Qt::Key_Q) << QString::fromLatin1("Q") << QString::fromLatin1("abQ") << 0 << 0;
     QTest::newRow("blank") << ab << int(Qt::Key_Space) << QString::fromLatin1(" ") << QString::fromLatin1("ab ") << 0
                            << 0;
     QTest::newRow("foreign") << ab << int(Qt::Key_unknown) << QString::fromUtf8("密") << ab << 0 << 0;
     QTest::newRow("backspace") << ab << int(Qt::Key_Backspace) << QString(QChar(8)) << QString::fromLatin1("a") << 0
                                << 0;
-    QTest::newRow("backspace in the placeholder") << none << int(Qt::Key_Backspace) << QString(QChar(8)) << none << 0
-                                                  << 0;
+    QTest::newRow("backspace in the placeholder")
+        << none << int(Qt::Key_Backspace) << QString(QChar(8)) << none << 0 << 0;
     QTest::newRow("delete in the placeholder") << none << int(Qt::Key_Delete) << QString(QChar(127)) << none << 0 << 0;
     QTest::newRow("right in the placeholder") << none << int(Qt::Key_Right) << none << none << 0 << 0;
     QTest::newRow("return") << ab << int(Qt::Key_Return) << QString(QChar(13)) << ab << 1 << 0;

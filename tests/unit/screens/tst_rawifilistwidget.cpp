@@ -204,20 +204,17 @@ void TestRaWifiListWidget::cleanup()
 void TestRaWifiListWidget::declaresItsMethodsInOrder()
 {
     const QMetaObject& meta = RaWifiListWidget::staticMetaObject;
-    QCOMPARE(signalsOf(meta), QStringList() << QLatin1String("signalShowWifiList()")
-                                            << QLatin1String("signalItemClick(int)")
-                                            << QLatin1String("sendWifiSwitch(bool)")
-                                            << QLatin1String("sendQuitListWnd()")
-                                            << QLatin1String("sendWifiManageInfo(int,APData)"));
-    QCOMPARE(slotsOf(meta), QStringList() << QLatin1String("slotQuit()") << QLatin1String("showBackButton(bool)")
-                                          << QLatin1String("slotShowConfigWnd()")
-                                          << QLatin1String("slotListItemClick(int)")
-                                          << withItems("addListItem(%1)") << withItems("resetItemData(%1)")
-                                          << QLatin1String("recCheckChanged(bool)")
-                                          << QLatin1String("recMoveStep(bool,int)")
-                                          << QLatin1String("recSelectItemByList(APData)")
-                                          << QLatin1String("recWifiInputCancelMsg()")
-                                          << QLatin1String("recWifiInputOkMsg(APData)"));
+    QCOMPARE(signalsOf(meta), QStringList()
+                                  << QLatin1String("signalShowWifiList()") << QLatin1String("signalItemClick(int)")
+                                  << QLatin1String("sendWifiSwitch(bool)") << QLatin1String("sendQuitListWnd()")
+                                  << QLatin1String("sendWifiManageInfo(int,APData)"));
+    QCOMPARE(slotsOf(meta),
+             QStringList() << QLatin1String("slotQuit()") << QLatin1String("showBackButton(bool)")
+                           << QLatin1String("slotShowConfigWnd()") << QLatin1String("slotListItemClick(int)")
+                           << withItems("addListItem(%1)") << withItems("resetItemData(%1)")
+                           << QLatin1String("recCheckChanged(bool)") << QLatin1String("recMoveStep(bool,int)")
+                           << QLatin1String("recSelectItemByList(APData)") << QLatin1String("recWifiInputCancelMsg()")
+                           << QLatin1String("recWifiInputOkMsg(APData)"));
 }
 
 void TestRaWifiListWidget::pageIsCompleteFromTheFirstShow()
@@ -676,7 +673,8 @@ void TestRaWifiListWidget::marksSurviveARefresh()
 void TestRaWifiListWidget::failedNetworkAsksForItsPassword()
 {
     Screen screen;
-    const QList<APData> saved = QList<APData>() << network(1, "net", true, 3, "wrong") << network(2, "other", true, 3, "x");
+    const QList<APData> saved = QList<APData>()
+                                << network(1, "net", true, 3, "wrong") << network(2, "other", true, 3, "x");
     screen.refresh(saved);
     QSignalSpy joins(screen.page, SIGNAL(sendWifiManageInfo(int,APData)));
     screen.page->setConnectFailed(saved.at(0));
@@ -941,9 +939,13 @@ void TestRaWifiListWidget::hostileNamesAreShown()
 {
     Screen screen;
     QList<APData> air;
-    const QList<QByteArray> names = QList<QByteArray>()
-                                    << "evil\xe2\x80\xaegnp" << "<b>bold</b>" << "%1 %n %s" << "a\tb\nc" << "\xff\xfe\x80"
-                                    << "" << QByteArray(39, '\x01') << "&&&&" << "\xf0\x9f\x98\x80\xf0\x9f\x98\x80";
+    const QList<QByteArray> names = QList<QByteArray>() << "evil\xe2\x80\xaegnp"
+                                                        << "<b>bold</b>"
+                                                        << "%1 %n %s"
+                                                        << "a\tb\nc"
+                                                        << "\xff\xfe\x80"
+                                                        << "" << QByteArray(39, '\x01') << "&&&&"
+                                                        << "\xf0\x9f\x98\x80\xf0\x9f\x98\x80";
     for (int i = 0; i < names.size(); ++i) {
         air << network(i, names.at(i), true);
     }

@@ -72,11 +72,9 @@ void TestRaWifiMsg::messageStandsInTheMiddle_data()
     QTest::addColumn<bool>("oneLine");
     QTest::newRow("short") << QString::fromLatin1("MMMM") << true;
     QTest::newRow("Chinese") << QString::fromUtf8("密码错误") << true;
-    QTest::newRow("long") << QString::fromLatin1(
-                                 "The password is wrong. Please enter it again and try once more.")
+    QTest::newRow("long") << QString::fromLatin1("The password is wrong. Please enter it again and try once more.")
                           << false;
-    QTest::newRow("long Chinese") << QString::fromUtf8("网络的密码错误，请重新输入密码后再次尝试连接此网络。")
-                                  << false;
+    QTest::newRow("long Chinese") << QString::fromUtf8("网络的密码错误，请重新输入密码后再次尝试连接此网络。") << false;
     QTest::newRow("a name of 32 wide letters without a blank") << QString(32, QLatin1Char('W')) << false;
 }
 

@@ -48,8 +48,7 @@ void TestRaWifiProcessingWnd::spinnerStandsAboveTheText()
     const QLabel* label = panel.findChild<QLabel*>();
     QVERIFY(spinner);
     QVERIFY(label);
-    QCOMPARE(panel.children(), QObjectList()
-                                   << const_cast<RaCircleWait*>(spinner) << const_cast<QLabel*>(label));
+    QCOMPARE(panel.children(), QObjectList() << const_cast<RaCircleWait*>(spinner) << const_cast<QLabel*>(label));
     QVERIFY(!spinner->isWindow());
     QCOMPARE(spinner->geometry(), QRect(0, 0, 320, 120));
     QVERIFY(spinner->isVisibleTo(&panel));
@@ -83,8 +82,8 @@ void TestRaWifiProcessingWnd::textIsSeenWhole_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("English") << QString::fromLatin1("Connecting, please wait...");
     QTest::newRow("two lines") << QString::fromLatin1("Connecting to the network, please wait a moment");
-    QTest::newRow("more than two lines")
-        << QString::fromLatin1("Connecting to the network Conference room on the 3rd floor");
+    QTest::newRow("more than two lines") << QString::fromLatin1(
+        "Connecting to the network Conference room on the 3rd floor");
     QTest::newRow("one endless word") << QString(60, QLatin1Char('W'));
     QTest::newRow("Chinese") << QString::fromUtf8("正在连接中，请等待...");
 }

@@ -57,8 +57,8 @@ void TestRaAccessible::controlsHaveRoleAndName_data()
                                 << QString::fromLatin1("WIFI");
     QTest::newRow("label") << static_cast<QWidget*>(label) << int(QAccessible::PushButton)
                            << QString::fromLatin1("Help");
-    QTest::newRow("title strip") << static_cast<QWidget*>(new RaTitleWidget(nullptr))
-                                 << int(QAccessible::PushButton) << QString::fromLatin1("Back");
+    QTest::newRow("title strip") << static_cast<QWidget*>(new RaTitleWidget(nullptr)) << int(QAccessible::PushButton)
+                                 << QString::fromLatin1("Back");
     QTest::newRow("volume") << static_cast<QWidget*>(new RaSliderWidget(RaSliderWidget::VOLUME))
                             << int(QAccessible::Slider) << QString::fromLatin1("Volume");
     QTest::newRow("brightness") << static_cast<QWidget*>(new RaSliderWidget(RaSliderWidget::BRIGHTNESS))

@@ -28,10 +28,9 @@ class Page : public RaBaseWindow
 {
 public:
     explicit Page(RaBaseWidget* content, const QString& subtitle = QString())
-        : RaBaseWindow(nullptr, QString(), subtitle)
-        , m_given(content)
-    {
-    }
+        : RaBaseWindow(nullptr, QString(), subtitle),
+          m_given(content)
+    {}
     RaBaseWidget* createContengWidget(int type) override
     {
         type_ = type;
@@ -153,8 +152,7 @@ void TestRaBaseWindow::titleBarHasItsParts()
 
     page.resize(320, 170);
     const QImage picture = pictureOf(&page);
-    QVERIFY(pixelsOf(picture, QRect(0, 0, 50, 50), Qt::white) >
-            20); // a back mark although its picture is missing
+    QVERIFY(pixelsOf(picture, QRect(0, 0, 50, 50), Qt::white) > 20); // a back mark although its picture is missing
 }
 
 void TestRaBaseWindow::emptyTextsLeaveTheLabelsEmpty_data()

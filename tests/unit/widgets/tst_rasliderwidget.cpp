@@ -19,8 +19,7 @@ const QColor Ground(QLatin1String("#1e2129"));
 class Slider : public RaSliderWidget
 {
 public:
-    explicit Slider(int kind, const QSize& size = QSize(320, 120))
-        : RaSliderWidget(static_cast<RA_SLIDERTYPE>(kind))
+    explicit Slider(int kind, const QSize& size = QSize(320, 120)) : RaSliderWidget(static_cast<RA_SLIDERTYPE>(kind))
     {
         resize(size);
     }

@@ -87,12 +87,10 @@ void TestRaSwitchButton::declaresItsListsInOrder()
     const QMetaObject& meta = RaSwitchButton::staticMetaObject;
     QCOMPARE(signalsOf(meta), QStringList() << QLatin1String("checkedChanged(bool)"));
     QCOMPARE(slotsOf(meta),
-             QStringList() << QLatin1String("setChecked(bool)")
-                           << QLatin1String("setButtonStyle(ButtonStyle)")
+             QStringList() << QLatin1String("setChecked(bool)") << QLatin1String("setButtonStyle(ButtonStyle)")
                            << QLatin1String("setBgColor(QColor,QColor)")
                            << QLatin1String("setSliderColor(QColor,QColor)")
-                           << QLatin1String("setTextColor(QColor,QColor)")
-                           << QLatin1String("setText(QString,QString)")
+                           << QLatin1String("setTextColor(QColor,QColor)") << QLatin1String("setText(QString,QString)")
                            << QLatin1String("setImage(QString,QString)") << QLatin1String("setSpace(int)")
                            << QLatin1String("setRectRadius(int)") << QLatin1String("updateValue()"));
     QStringList names;
@@ -100,9 +98,8 @@ void TestRaSwitchButton::declaresItsListsInOrder()
         names << property.section(QLatin1Char(' '), 1);
     }
     QCOMPARE(names.join(QLatin1Char(' ')),
-             QString::fromLatin1(
-                 "checked buttonStyle bgColorOff bgColorOn sliderColorOff sliderColorOn textColorOff "
-                 "textColorOn textOff textOn imageOff imageOn space rectRadius"));
+             QString::fromLatin1("checked buttonStyle bgColorOff bgColorOn sliderColorOff sliderColorOn textColorOff "
+                                 "textColorOn textOff textOn imageOff imageOn space rectRadius"));
     const QMetaEnum styles = meta.enumerator(meta.indexOfEnumerator("ButtonStyle"));
     QCOMPARE(styles.keyCount(), 3);
     for (int i = 0; i < 3; ++i) {

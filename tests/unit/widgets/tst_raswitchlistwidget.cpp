@@ -77,12 +77,12 @@ private Q_SLOTS:
 void TestRaSwitchListWidget::declaresItsListsInOrder()
 {
     const QMetaObject& meta = RaSwitchListWidget::staticMetaObject;
-    QCOMPARE(signalsOf(meta),
-             QStringList() << QLatin1String("configPressed()") << QLatin1String("checkedChanged(bool)"));
+    QCOMPARE(signalsOf(meta), QStringList()
+                                  << QLatin1String("configPressed()") << QLatin1String("checkedChanged(bool)"));
     QCOMPARE(slotsOf(meta), slotsOf(RaSwitchButton::staticMetaObject));
-    QCOMPARE(propertiesOf(meta).replaceInStrings(QLatin1String("RaSwitchListWidget::"), QString()),
-             propertiesOf(RaSwitchButton::staticMetaObject)
-                 .replaceInStrings(QLatin1String("RaSwitchButton::"), QString()));
+    QCOMPARE(
+        propertiesOf(meta).replaceInStrings(QLatin1String("RaSwitchListWidget::"), QString()),
+        propertiesOf(RaSwitchButton::staticMetaObject).replaceInStrings(QLatin1String("RaSwitchButton::"), QString()));
     QVERIFY(meta.inherits(&RaBaseWidget::staticMetaObject));
 }
 
@@ -137,8 +137,7 @@ void TestRaSwitchListWidget::pressesAreToldApart_data()
     QTest::newRow("switch in item 1, on it") << Full << 1 << false << QPoint(265, 29) << sw;
     QTest::newRow("switch in item 1, on the name") << Full << 1 << false << QPoint(60, 29) << none;
     QTest::newRow("switch in item 1, first line of item 2") << Full << 1 << false << QPoint(60, 59) << config;
-    QTest::newRow("switch in item 1, last line of item 2")
-        << Full << 1 << false << QPoint(265, 139) << config;
+    QTest::newRow("switch in item 1, last line of item 2") << Full << 1 << false << QPoint(265, 139) << config;
     QTest::newRow("switch in item 1, last line of item 1") << Full << 1 << false << QPoint(60, 58) << none;
     QTest::newRow("switch in item 2, on it") << Full << 2 << false << QPoint(265, 99) << sw;
     QTest::newRow("switch in item 2, on the message") << Full << 2 << false << QPoint(60, 99) << none;

@@ -44,14 +44,13 @@ inline QStringList propertiesOf(const QMetaObject& meta)
 {
     QStringList properties;
     for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        properties << QString::fromLatin1(meta.property(i).typeName()) + QLatin1Char(' ') +
-                          QString::fromLatin1(meta.property(i).name());
+        properties << QString::fromLatin1(meta.property(i).typeName()) + QLatin1Char(' ')
+                          + QString::fromLatin1(meta.property(i).name());
     }
     return properties;
 }
 
-inline void mouse(QWidget* widget, QEvent::Type type, const QPoint& position,
-                  Qt::MouseButton button = Qt::LeftButton)
+inline void mouse(QWidget* widget, QEvent::Type type, const QPoint& position, Qt::MouseButton button = Qt::LeftButton)
 {
     QMouseEvent event(type, position, widget->mapToGlobal(position), button, button, Qt::NoModifier);
     QCoreApplication::sendEvent(widget, &event);

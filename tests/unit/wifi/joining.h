@@ -77,8 +77,8 @@ struct Request
 
 inline int join(RaWifiService& service, const Request& request)
 {
-    return service.connectCertainAP(request.mac, request.encry, request.essid, request.psk,
-                                    request.sigquality, request.authMode, request.keyIndex);
+    return service.connectCertainAP(request.mac, request.encry, request.essid, request.psk, request.sigquality,
+                                    request.authMode, request.keyIndex);
 }
 
 /** A join() on a thread of its own, while the calling one keeps its event loop going. Returns its result. */
@@ -112,8 +112,9 @@ inline void traceSignals(Trace& trace, RaWifiService& service)
     QObject::connect(
         &service, &RaWifiService::sendListWndInfo, &service,
         [&trace](int index, const QString& name, const QString& text, int errflag) {
-            trace.add("tell " + bar(QList<QByteArray>() << QByteArray::number(index) << name.toUtf8()
-                                                        << text.toUtf8() << QByteArray::number(errflag)));
+            trace.add("tell "
+                      + bar(QList<QByteArray>() << QByteArray::number(index) << name.toUtf8() << text.toUtf8()
+                                                << QByteArray::number(errflag)));
         },
         direct);
     QObject::connect(

@@ -57,10 +57,10 @@ bool isFileCall(const tracedchild::SystemCall& call)
 {
     const long numbers[] = {
 #ifdef SYS_open
-        SYS_open,   SYS_rename,    SYS_unlink, SYS_mkdir, SYS_stat, SYS_lstat, SYS_chmod,
+        SYS_open,   SYS_rename,    SYS_unlink,    SYS_mkdir,     SYS_stat,       SYS_lstat, SYS_chmod,
 #endif
-        SYS_openat, SYS_renameat2, SYS_unlinkat, SYS_mkdirat, SYS_newfstatat, SYS_fstat, SYS_fchmod, SYS_write,
-        SYS_writev, SYS_fsync,     SYS_fdatasync, SYS_ftruncate, SYS_fcntl, SYS_lseek, SYS_close};
+        SYS_openat, SYS_renameat2, SYS_unlinkat,  SYS_mkdirat,   SYS_newfstatat, SYS_fstat, SYS_fchmod, SYS_write,
+        SYS_writev, SYS_fsync,     SYS_fdatasync, SYS_ftruncate, SYS_fcntl,      SYS_lseek, SYS_close};
     for (const long number : numbers) {
         if (call.number == number) {
             return !isWrite(call) || call.words[0] > STDERR_FILENO;
@@ -83,8 +83,8 @@ int warnings(const QByteArray& log)
 struct Subject
 {
     const char* path;
-    std::function<void()> putOld;        ///< in the test
-    std::function<int()> save;           ///< in the child, or in the test
+    std::function<void()> putOld; ///< in the test
+    std::function<int()> save;    ///< in the child, or in the test
     std::function<QByteArray()> newBytes;
     int success;
     int failure;
@@ -182,8 +182,8 @@ Subject TestFailingCalls::subjectOf(const QByteArray& name)
 }
 
 /** \a oldMayBeGone: the step after the old configuration's removal failed. */
-void TestFailingCalls::compareAfterwards(const Subject& subject, int result, const QByteArray& old, const QByteArray& log,
-                                         bool oldMayBeGone)
+void TestFailingCalls::compareAfterwards(const Subject& subject, int result, const QByteArray& old,
+                                         const QByteArray& log, bool oldMayBeGone)
 {
     const QByteArray bytes = fakesystem::readFile(subject.path);
     const bool isNew = bytes == subject.newBytes();
@@ -257,8 +257,7 @@ void TestFailingCalls::eachCallFailsInEachWay()
         calls = qMax(calls, counted);
         QVERIFY2(status >= 0 && status < leak, status < 0 ? "died" : "descriptors leaked");
         failures += isHit ? 1 : 0;
-        compareAfterwards(subject, codes[status], old, fakesystem::readFile(logFile),
-                          isConfigurationsRename);
+        compareAfterwards(subject, codes[status], old, fakesystem::readFile(logFile), isConfigurationsRename);
         if (QTest::currentTestFailed()) {
             qWarning("at call %d of %d", failing, calls);
             return;

@@ -17,10 +17,7 @@ const char linkFile[] = "/home/wifi/linkap.txt";
 class Host : public QCopChannel
 {
 public:
-    Host()
-        : QCopChannel(QStringLiteral("mainprocess"))
-    {
-    }
+    Host() : QCopChannel(QStringLiteral("mainprocess")) {}
     void receive(const QString& msg, const QByteArray& data) override
     {
         messages << msg;
@@ -147,8 +144,7 @@ void TestHostMessages::theLinkFileHoldsOneDigit()
     fakesystem::beforeCommand([&syncsBefore](const QByteArray&) { syncsBefore = fakesystem::syncs(); });
     SendAPStatusToOther(linked);
     QCOMPARE(fakesystem::readFile(linkFile), content);
-    QCOMPARE(fakesystem::commands(), QList<QByteArray>()
-                                         << "echo " + content.left(1) + " >/home/wifi/linkap.txt");
+    QCOMPARE(fakesystem::commands(), QList<QByteArray>() << "echo " + content.left(1) + " >/home/wifi/linkap.txt");
     QCOMPARE(syncsBefore, 0); // the file systems are flushed once it is written
     QCOMPARE(fakesystem::syncs(), 1);
 }

@@ -174,8 +174,8 @@ class Saver
 {
 public:
     Saver()
-        : m_begun(new (mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
-                      std::atomic<int>(0))
+        : m_begun(new (mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1,
+                            0)) std::atomic<int>(0))
     {
         if (pipe(m_ready) != 0) {
             qFatal("no pipe");
@@ -337,14 +337,16 @@ void TestKilledSaves::configurationKilledAtRandomMomentsIsNeverHalf()
         });
         const char state = stateOf(last);
         // Between two files, a kill in the next write leaves it at that: there is no older one to keep.
-        const bool stillBetween = state == 'X' && last == next && !fakesystem::exists(configFile) && seen.value('-') > 0;
+        const bool stillBetween =
+            state == 'X' && last == next && !fakesystem::exists(configFile) && seen.value('-') > 0;
         QVERIFY2(state != 'X' || stillBetween, QByteArray::number(i).constData());
         ++seen[state];
         next = last + (state == 'n' ? 1 : 0);
     }
     QVERIFY(seen.value('o') > 0 && seen.value('n') > 0);
     qInfo("%d kills at random in %d writes: %d times the old file, %d times none with the whole new one beside it, "
-          "%d times the new one", killsAtRandom, next, seen.value('o'), seen.value('-') + seen.value('X'), seen.value('n'));
+          "%d times the new one",
+          killsAtRandom, next, seen.value('o'), seen.value('-') + seen.value('X'), seen.value('n'));
 }
 
 void TestKilledSaves::nothingTakesItsPlaceBeforeItIsOnDisk_data()

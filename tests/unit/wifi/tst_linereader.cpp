@@ -69,19 +69,31 @@ void TestLineReader::linesAreRead_data()
     const QByteArray x254(254, 'x');
     const QByteArray x255(255, 'x');
     QTest::newRow("empty file") << QByteArray() << Lines();
-    QTest::newRow("two lines") << QByteArray("a\nb\n") << (Lines() << "a\n" << "b\n");
-    QTest::newRow("last without line break") << QByteArray("a\nb") << (Lines() << "a\n" << "b");
-    QTest::newRow("empty lines") << QByteArray("\n\na") << (Lines() << "\n" << "\n" << "a");
-    QTest::newRow("254 characters") << x254 + "\nb\n" << (Lines() << x254 + "\n" << "b\n");
+    QTest::newRow("two lines") << QByteArray("a\nb\n")
+                               << (Lines() << "a\n"
+                                           << "b\n");
+    QTest::newRow("last without line break") << QByteArray("a\nb")
+                                             << (Lines() << "a\n"
+                                                         << "b");
+    QTest::newRow("empty lines") << QByteArray("\n\na")
+                                 << (Lines() << "\n"
+                                             << "\n"
+                                             << "a");
+    QTest::newRow("254 characters") << x254 + "\nb\n"
+                                    << (Lines() << x254 + "\n"
+                                                << "b\n");
     QTest::newRow("255 characters lose their line break") << x255 + "\nb\n" << (Lines() << x255 << "b\n");
     QTest::newRow("256 characters") << x255 + "y\nb\n" << (Lines() << x255 << "b\n");
     QTest::newRow("10000 characters") << QByteArray(10000, 'x') + "\nb\n" << (Lines() << x255 << "b\n");
     QTest::newRow("over-long last line") << x255 + "yyy" << (Lines() << x255);
-    QTest::newRow("NUL inside") << QByteArray("a\0b\nc\n", 6) << (Lines() << "a" << "c\n");
+    QTest::newRow("NUL inside") << QByteArray("a\0b\nc\n", 6)
+                                << (Lines() << "a"
+                                            << "c\n");
     QTest::newRow("NUL inside an over-long line does not let its rest pass for a line")
-        << QByteArray("a\0", 2) + QByteArray(300, 'x') + "\nc\n" << (Lines() << "a" << "c\n");
-    QTest::newRow("NUL as the 255th character")
-        << x254 + QByteArray("\0forged\nc\n", 10) << (Lines() << x254 << "c\n");
+        << QByteArray("a\0", 2) + QByteArray(300, 'x') + "\nc\n"
+        << (Lines() << "a"
+                    << "c\n");
+    QTest::newRow("NUL as the 255th character") << x254 + QByteArray("\0forged\nc\n", 10) << (Lines() << x254 << "c\n");
     QTest::newRow("any bytes") << QByteArray("\xff\x01\xc0\r\n") << (Lines() << "\xff\x01\xc0\r\n");
 }
 

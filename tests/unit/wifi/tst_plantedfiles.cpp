@@ -15,12 +15,19 @@
 
 namespace {
 
-const char* const paths[] = {
-    "/home/wifi/temp.txt",       "/home/wifi/result3",          "/home/wifi/result",
-    "/home/wifi/connectstatus.txt", "/home/wifi/linkap.txt",    "/home/wifi/signal.txt",
-    "/home/wifi/ipinfo.txt",     "/home/wifi/curmac.txt",       "/home/wifi/tmpnetwork.conf",
-    "/apps/config/network.conf", "/apps/config/network.conf.tmp", "/etc/wpa_supplicant.conf",
-    "/etc/wpa_supplicant.conf.tmp"};
+const char* const paths[] = {"/home/wifi/temp.txt",
+                             "/home/wifi/result3",
+                             "/home/wifi/result",
+                             "/home/wifi/connectstatus.txt",
+                             "/home/wifi/linkap.txt",
+                             "/home/wifi/signal.txt",
+                             "/home/wifi/ipinfo.txt",
+                             "/home/wifi/curmac.txt",
+                             "/home/wifi/tmpnetwork.conf",
+                             "/apps/config/network.conf",
+                             "/apps/config/network.conf.tmp",
+                             "/etc/wpa_supplicant.conf",
+                             "/etc/wpa_supplicant.conf.tmp"};
 
 const char statusText[] = "bssid=00:1a:2b:3c:4d:5e\nssid=Home\nkey_mgmt=WPA2-PSK\nwpa_state=COMPLETED\n";
 

@@ -519,8 +519,8 @@ void TestGlobalFunctions::hostileFilesAreNotRead_data()
     QTest::addColumn<int>("zeros");   // for a huge file of zeros
     QTest::newRow("verdict") << pathTo(answerPath) << Reader([](char* path) { return isSuccByfile(path, 0); }) << -4
                              << -2;
-    QTest::newRow("any answer") << pathTo(answerPath) << Reader([](char* path) { return isSuccByfile(path, 1); })
-                                << -4 << -3;
+    QTest::newRow("any answer") << pathTo(answerPath) << Reader([](char* path) { return isSuccByfile(path, 1); }) << -4
+                                << -3;
     QTest::newRow("link number") << pathTo(linkPath) << Reader([](char* path) { return getLinkAP(path); }) << 0 << 0;
     QTest::newRow("link state") << pathTo(linkPath) << Reader([](char*) { return static_cast<int>(getIsConnect()); })
                                 << 0 << 0;
@@ -613,7 +613,9 @@ void TestGlobalFunctions::digitsOfAField_data()
     QTest::newRow("behind the line") << QByteArray("45") << 9 << 9 << QByteArray();
     QTest::newRow("-1") << QByteArray("45") << -1 << -2 << QByteArray();
     QTest::newRow("far below 0") << QByteArray("45") << -999 << -2 << QByteArray();
-    QTest::newRow("not a digit of the encoding") << QByteArray("\xb2\xff" "4") << 0 << 3 << QByteArray("4");
+    QTest::newRow("not a digit of the encoding") << QByteArray("\xb2\xff"
+                                                               "4")
+                                                 << 0 << 3 << QByteArray("4");
 }
 
 void TestGlobalFunctions::digitsOfAField()
@@ -648,8 +650,8 @@ void TestGlobalFunctions::restOfALine()
     const QByteArray printed = capturedOutput(stdout, [&] { result = getDefineStrValue(line.data(), pos, out); });
     QTEST(result, "result");
     QTEST(QByteArray(out), "rest");
-    const QRegularExpression expected(QLatin1String(
-        result == 1 ? "^raglobalfun\\.cpp getDefineStrValue \\d+ \n$" : "^$"));
+    const QRegularExpression expected(
+        QLatin1String(result == 1 ? "^raglobalfun\\.cpp getDefineStrValue \\d+ \n$" : "^$"));
     QVERIFY2(expected.match(QString::fromLatin1(printed)).hasMatch(), printed.constData());
 }
 
@@ -664,8 +666,7 @@ void TestGlobalFunctions::partOfALine_data()
     QTest::newRow("one character") << QByteArray("abcdef") << 1 << 2 << 2 << QByteArray("b");
     QTest::newRow("end at the start") << QByteArray("abcdef") << 2 << 2 << 2 << QByteArray();
     QTest::newRow("end below the start") << QByteArray("abcdef") << 4 << 2 << 4 << QByteArray();
-    QTest::newRow("separators before are skipped, not counted")
-        << tabs("||ab|c") << 0 << 6 << 4 << tabs("ab|c");
+    QTest::newRow("separators before are skipped, not counted") << tabs("||ab|c") << 0 << 6 << 4 << tabs("ab|c");
     QTest::newRow("only separators") << tabs("||||") << 0 << 4 << 0 << QByteArray();
     QTest::newRow("blanks are kept") << QByteArray("  ab") << 0 << 4 << 4 << QByteArray("  ab");
     QTest::newRow("end behind the line") << QByteArray("ab") << 0 << 99 << 2 << QByteArray("ab");
@@ -693,8 +694,8 @@ void TestGlobalFunctions::flagGroups_data()
     QTest::addColumn<QByteArray>("other");
     const QByteArray none;
     QTest::newRow("one group") << tabs("|[ESS]|n") << 0 << 6 << QByteArray("ESS") << none;
-    QTest::newRow("ESS behind is no other") << tabs("|[WPA2-PSK-CCMP][ESS]|n") << 0 << 21
-                                            << QByteArray("WPA2-PSK-CCMP") << none;
+    QTest::newRow("ESS behind is no other")
+        << tabs("|[WPA2-PSK-CCMP][ESS]|n") << 0 << 21 << QByteArray("WPA2-PSK-CCMP") << none;
     QTest::newRow("WPS behind is no other") << tabs("[WEP][WPS][ESS]|n") << 0 << 15 << QByteArray("WEP") << none;
     QTest::newRow("two kinds") << tabs("[WPA-PSK-TKIP][WPA2-PSK-CCMP][ESS]|n") << 0 << 34 << QByteArray("WPA-PSK-TKIP")
                                << QByteArray("WPA2-PSK-CCMP");
@@ -704,8 +705,8 @@ void TestGlobalFunctions::flagGroups_data()
                                       << QByteArray("WPA2-PSK-CCMP");
     QTest::newRow("WPS-like is another") << tabs("[A][WPSX][ESS ]|") << 0 << 15 << QByteArray("A")
                                          << QByteArray("ESS ");
-    QTest::newRow("characters outside are ignored") << tabs("x[A]y[B]z|n") << 0 << 9 << QByteArray("A")
-                                                    << QByteArray("B");
+    QTest::newRow("characters outside are ignored")
+        << tabs("x[A]y[B]z|n") << 0 << 9 << QByteArray("A") << QByteArray("B");
     QTest::newRow("to the end of the line") << QByteArray("[A][B]") << 0 << 6 << QByteArray("A") << QByteArray("B");
     QTest::newRow("empty groups") << tabs("[][]|") << 0 << 4 << none << none;
     QTest::newRow("not closed") << tabs("[A][B|n") << 0 << 5 << QByteArray("A") << none;
@@ -825,8 +826,9 @@ void TestGlobalFunctions::signalLevels_data()
 {
     QTest::addColumn<int>("value");
     QTest::addColumn<int>("level");
-    const int table[][2] = {{-2147483647 - 1, 1}, {-60, 1}, {0, 1}, {15, 1},  {16, 2}, {30, 2},
-                            {31, 3},              {45, 3},  {46, 4}, {99, 4}, {2147483647, 4}};
+    const int table[][2] = {
+        {-2147483647 - 1, 1}, {-60, 1}, {0, 1}, {15, 1}, {16, 2}, {30, 2}, {31, 3}, {45, 3}, {46, 4}, {99, 4},
+        {2147483647, 4}};
     for (const auto& row : table) {
         QTest::newRow(QByteArray::number(row[0]).constData()) << row[0] << row[1];
     }
@@ -925,11 +927,11 @@ void TestGlobalFunctions::firstKeyInTheLineDecides_data()
     const QByteArray mac = "00:11:22:33:44:55";
     QTest::newRow("bssid is no ssid") << QByteArray("bssid=aa") << QByteArray() << QByteArray("aa") << 5;
     QTest::newRow("ssid is no id") << QByteArray("ssid=7") << QByteArray("7") << mac << 5;
-    QTest::newRow("a name that looks like bssid=") << QByteArray("ssid=bssid=66:66:66:66:66:66") << QByteArray()
-                                                   << QByteArray("66:66:66:66:66:66") << 5;
+    QTest::newRow("a name that looks like bssid=")
+        << QByteArray("ssid=bssid=66:66:66:66:66:66") << QByteArray() << QByteArray("66:66:66:66:66:66") << 5;
     QTest::newRow("a name that looks like id=") << QByteArray("ssid=id=9") << QByteArray("id=9") << mac << 5;
-    QTest::newRow("a name that looks like wpa_state=") << QByteArray("ssid=wpa_state=COMPLETED")
-                                                       << QByteArray("wpa_state=COMPLETED") << mac << 5;
+    QTest::newRow("a name that looks like wpa_state=")
+        << QByteArray("ssid=wpa_state=COMPLETED") << QByteArray("wpa_state=COMPLETED") << mac << 5;
     QTest::newRow("a longer key that ends in id=") << QByteArray("uuid=12-34") << QByteArray() << mac << 12;
     QTest::newRow("id that is no number") << QByteArray("id=x") << QByteArray() << mac << 0;
     QTest::newRow("format characters") << QByteArray("ssid=%s%n%1") << QByteArray("%s%n%1") << mac << 5;
@@ -1009,7 +1011,8 @@ void TestGlobalFunctions::statusValuesAreCutToTheirFields()
 
 void TestGlobalFunctions::statusLineLongerThanALineHidesNoOther()
 {
-    fakesystem::writeFile(statusPath, "ssid=" + QByteArray(250, 'n') + "bssid=66:66:66:66:66:66\nip_address=10.0.0.9\n");
+    fakesystem::writeFile(statusPath,
+                          "ssid=" + QByteArray(250, 'n') + "bssid=66:66:66:66:66:66\nip_address=10.0.0.9\n");
     APData ap = filledRecord();
     QByteArray path = statusPath;
     QCOMPARE(getConnectStatusInfo(path.data(), &ap), 0);
@@ -1058,9 +1061,8 @@ void TestGlobalFunctions::accessPointInformationRunsTheScript()
     QCOMPARE(getAPInfo(&ap), 0);
     QCOMPARE(QByteArray(ap.essid), QByteArray("new\n"));
     QCOMPARE(ap.snow, 2);
-    QCOMPARE(fakesystem::commands(), QList<QByteArray>()
-                                         << "rm /home/wifi/connectstatus.txt"
-                                         << "sh /usr/bin/getwifistatus.sh;touch /home/wifi/result");
+    QCOMPARE(fakesystem::commands(), QList<QByteArray>() << "rm /home/wifi/connectstatus.txt"
+                                                         << "sh /usr/bin/getwifistatus.sh;touch /home/wifi/result");
     QVERIFY(fakesystem::exists("/home/wifi/result"));
 }
 
@@ -1107,10 +1109,20 @@ void TestGlobalFunctions::addressOfTheJoinedNetworkIsSaved()
 void TestGlobalFunctions::textThatIsNoAddressIsNotSaved_data()
 {
     QTest::addColumn<QString>("text");
-    const char* const texts[] = {"", "00:11:22:33:44:5", "00:11:22:33:44:555", "00-11-22-33-44-55", "00:11:22:33:44:5g",
-                                 "$(touch /canary)0", "`touch /canary`00", "0;touch /canary;0", "0\ntouch /canary\n0",
-                                 "|touch /canary &&", "00:11:22:33:44:55;touch /canary", " 0:11:22:33:44:55",
-                                 "00:11:22:33:44:5\n", "%s%s%s%s%s%s%s%s%"};
+    const char* const texts[] = {"",
+                                 "00:11:22:33:44:5",
+                                 "00:11:22:33:44:555",
+                                 "00-11-22-33-44-55",
+                                 "00:11:22:33:44:5g",
+                                 "$(touch /canary)0",
+                                 "`touch /canary`00",
+                                 "0;touch /canary;0",
+                                 "0\ntouch /canary\n0",
+                                 "|touch /canary &&",
+                                 "00:11:22:33:44:55;touch /canary",
+                                 " 0:11:22:33:44:55",
+                                 "00:11:22:33:44:5\n",
+                                 "%s%s%s%s%s%s%s%s%"};
     for (const char* text : texts) {
         QTest::newRow(QByteArray(text).toHex().constData()) << QString::fromLatin1(text);
     }
@@ -1173,8 +1185,8 @@ void TestGlobalFunctions::savedAddressIsDeleted()
     QCOMPARE(DeleteConnectMac(), 0);
     QVERIFY(!fakesystem::exists(macPath));
     QCOMPARE(DeleteConnectMac(), 0);
-    QCOMPARE(fakesystem::commands(),
-             QList<QByteArray>() << "rm /home/wifi/curmac.txt -f;sync" << "rm /home/wifi/curmac.txt -f;sync");
+    QCOMPARE(fakesystem::commands(), QList<QByteArray>() << "rm /home/wifi/curmac.txt -f;sync"
+                                                         << "rm /home/wifi/curmac.txt -f;sync");
     fakesystem::runForReal("mv /bin/sync /bin/sync.away");
     const int failed = DeleteConnectMac();
     fakesystem::runForReal("mv /bin/sync.away /bin/sync");

@@ -183,7 +183,8 @@ void TestRaWifiData::fileLayoutIsHeaderAndRecords()
     QCOMPARE(QByteArray(newest.constData() + 58), QByteArray("WPA2-PSK"));
     QCOMPARE(QByteArray(newest.constData() + 158), QByteArray("password"));
     QCOMPARE(newest.mid(358, 2), QByteArray(2, '\0'));
-    const int wanted[] = {WPA2_PSK, NOENCRY, 3, 999, 2, 2, 1}; // encry, sigquality, orderbynum, is_encry, keyIndex, authMode
+    const int wanted[] = {WPA2_PSK, NOENCRY, 3, 999,
+                          2,        2,       1}; // encry, sigquality, orderbynum, is_encry, keyIndex, authMode
     for (int i = 0; i < 7; ++i) {
         int value = 0;
         std::memcpy(&value, newest.constData() + 360 + 4 * i, 4);
@@ -234,7 +235,8 @@ void TestRaWifiData::knownNetworkIsReplacedAndMovesToTheFront()
     save(store, 2);
     save(store, 1, "changed");
     QCOMPARE(store.getDataCount(), 2);
-    QCOMPARE(names(store), (QList<QByteArray>() << "network 1" << "network 2"));
+    QCOMPARE(names(store), (QList<QByteArray>() << "network 1"
+                                                << "network 2"));
     APData ap;
     QCOMPARE(store.getDataByIndex(&ap, 0), 0);
     QCOMPARE(QByteArray(ap.psk), QByteArray("changed"));
@@ -533,7 +535,9 @@ void TestRaWifiData::networksOfAnUnreadFileAreKept()
     save(store, 3);
     RaWifiData again;
     QCOMPARE(again.loadData(), 0);
-    QCOMPARE(names(again), (QList<QByteArray>() << "network 3" << "network 2" << "network 1"));
+    QCOMPARE(names(again), (QList<QByteArray>() << "network 3"
+                                                << "network 2"
+                                                << "network 1"));
 }
 
 void TestRaWifiData::aSaveIsFlushed()
@@ -553,7 +557,8 @@ void TestRaWifiData::storeSurvivesARestart()
     }
     RaWifiData again;
     QCOMPARE(again.loadData(), 0);
-    QCOMPARE(names(again), (QList<QByteArray>() << "network 2" << "network 1"));
+    QCOMPARE(names(again), (QList<QByteArray>() << "network 2"
+                                                << "network 1"));
 }
 
 QTEST_APPLESS_MAIN(TestRaWifiData)

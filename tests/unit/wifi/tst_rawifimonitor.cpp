@@ -26,9 +26,8 @@ enum Poll { Good, OtherMac, Bad, Unreadable };
 QByteArray statusText(Poll poll)
 {
     const QByteArray mac = poll == OtherMac ? QByteArray("66:66:66:66:66:66") : expectedMac.toLatin1();
-    return "bssid=" + mac +
-           "\nssid=Home\nid=0\nkey_mgmt=WPA2-PSK\nwpa_state=" + (poll == Bad ? "SCANNING" : "COMPLETED") +
-           "\nip_address=192.168.7.23\n";
+    return "bssid=" + mac + "\nssid=Home\nid=0\nkey_mgmt=WPA2-PSK\nwpa_state="
+           + (poll == Bad ? "SCANNING" : "COMPLETED") + "\nip_address=192.168.7.23\n";
 }
 
 /** Has the next polls find this. */
@@ -37,8 +36,7 @@ void finding(Poll poll)
     if (poll == Unreadable) {
         fakesystem::answer("getconnectstatus.sh", [] { QFile::remove(QLatin1String(answer)); });
     } else {
-        fakesystem::answer("getconnectstatus.sh",
-                           [poll] { fakesystem::writeFile(answer, statusText(poll)); });
+        fakesystem::answer("getconnectstatus.sh", [poll] { fakesystem::writeFile(answer, statusText(poll)); });
     }
 }
 
@@ -46,14 +44,11 @@ void finding(Poll poll)
 class WatchedMonitor : public RaWifiMonitor
 {
 public:
-    WatchedMonitor()
-        : RaWifiMonitor(nullptr)
+    WatchedMonitor() : RaWifiMonitor(nullptr)
     {
-        connect(this, &RaWifiMonitor::sendNetWorkStatus, this,
-                [this](int type, int status, const QString& mac) {
-                    note("status " + QByteArray::number(type) + ' ' + QByteArray::number(status) + ' ' +
-                         mac.toLatin1());
-                });
+        connect(this, &RaWifiMonitor::sendNetWorkStatus, this, [this](int type, int status, const QString& mac) {
+            note("status " + QByteArray::number(type) + ' ' + QByteArray::number(status) + ' ' + mac.toLatin1());
+        });
         connect(this, &RaWifiMonitor::sendMonitorConMsg, this,
                 [this](const QString& mac) { note("confirmed " + mac.toLatin1()); });
         connect(this, &RaWifiMonitor::sendAPIPMsg, this, [this] { note("ip"); });
@@ -129,12 +124,11 @@ void TestRaWifiMonitor::cleanup()
 void TestRaWifiMonitor::signalsAndSlotsAreThoseOfTheInterface()
 {
     QCOMPARE(declaredMethods(RaWifiMonitor::staticMetaObject),
-             QList<QByteArray>()
-                 << "signal sendNetWorkStatus(int,int,QString) cmdtype,connectstatus,macAddr"
-                 << "signal sendMonitorConMsg(QString) linkmadress"
-                 << "signal sendAPIPMsg() "
-                 << "slot timeout() "
-                 << "slot recCheckAPConnect(QString,int) linkmadress,signalvalue");
+             QList<QByteArray>() << "signal sendNetWorkStatus(int,int,QString) cmdtype,connectstatus,macAddr"
+                                 << "signal sendMonitorConMsg(QString) linkmadress"
+                                 << "signal sendAPIPMsg() "
+                                 << "slot timeout() "
+                                 << "slot recCheckAPConnect(QString,int) linkmadress,signalvalue");
 }
 
 void TestRaWifiMonitor::idleAfterConstruction()
@@ -427,8 +421,8 @@ void TestRaWifiMonitor::anAddressOfAnotherLengthNeverMatches()
     WatchedMonitor monitor;
     monitor.setWifiConnectStatus(1, 1);
     finding(Good);
-    const QStringList others = QStringList() << QString() << expectedMac.left(16)
-                                             << expectedMac + QLatin1Char('\n') << expectedMac.toUpper();
+    const QStringList others = QStringList() << QString() << expectedMac.left(16) << expectedMac + QLatin1Char('\n')
+                                             << expectedMac.toUpper();
     for (const QString& other : others) {
         monitor.recCheckAPConnect(other, 3);
         monitor.timeout();

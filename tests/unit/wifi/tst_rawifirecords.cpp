@@ -221,10 +221,22 @@ void TestRecords::dumpLogsEveryFieldInOrder()
     ap.snow = 13;
     ap.keyIndex = 14;
     QList<QByteArray> expected;
-    expected << "encry[0]=0x4" << "encry[1]=0xAB" << "is_encry=2" << "orderbynum=7" << "sigquality=3"
-             << "macAddr =00:11:22:33:44:55" << "key_mgmt = WPA2-PSK " << "essid = home " << "psk = secret "
-             << "authMode = 11 " << "connectSUC = 1 " << "id = 12 " << "IP = 10.0.0.2 " << "snow = 13 "
-             << "authMode = 11 " << "keyIndex = 14 ";
+    expected << "encry[0]=0x4"
+             << "encry[1]=0xAB"
+             << "is_encry=2"
+             << "orderbynum=7"
+             << "sigquality=3"
+             << "macAddr =00:11:22:33:44:55"
+             << "key_mgmt = WPA2-PSK "
+             << "essid = home "
+             << "psk = secret "
+             << "authMode = 11 "
+             << "connectSUC = 1 "
+             << "id = 12 "
+             << "IP = 10.0.0.2 "
+             << "snow = 13 "
+             << "authMode = 11 "
+             << "keyIndex = 14 ";
     QCOMPARE(loggedMessages([&] { printAPData(ap); }), expected);
     QCOMPARE(loggedMessages([&] { printAPDataPoint(&ap); }), expected);
 }

@@ -88,18 +88,17 @@ void TestRaWifiService::cleanup()
 void TestRaWifiService::signalsAndSlotsAreThoseOfTheInterface()
 {
     QCOMPARE(declaredMethods(RaWifiService::staticMetaObject),
-             QList<QByteArray>()
-                 << "signal sendSetStatusMsg(QString,bool) macaddress,isend"
-                 << "signal sendSetStatusMsg(QString) macaddress short"
-                 << "signal sendListWndInfo(int,QString,QString,int) index,ssid,msginfo,errflag"
-                 << "signal sendListWndInfo(int,QString,QString) index,ssid,msginfo short"
-                 << "signal sendCheckAPConnect(QString,int) linkmadress,signalvalue"
-                 << "signal sendPrgStar() "
-                 << "signal sendPrgStep() "
-                 << "signal sendPrgStop() "
-                 << "slot timeout() "
-                 << "slot recSetStatusMsg() "
-                 << "slot recMangerConMsg(QString) linkmadress");
+             QList<QByteArray>() << "signal sendSetStatusMsg(QString,bool) macaddress,isend"
+                                 << "signal sendSetStatusMsg(QString) macaddress short"
+                                 << "signal sendListWndInfo(int,QString,QString,int) index,ssid,msginfo,errflag"
+                                 << "signal sendListWndInfo(int,QString,QString) index,ssid,msginfo short"
+                                 << "signal sendCheckAPConnect(QString,int) linkmadress,signalvalue"
+                                 << "signal sendPrgStar() "
+                                 << "signal sendPrgStep() "
+                                 << "signal sendPrgStop() "
+                                 << "slot timeout() "
+                                 << "slot recSetStatusMsg() "
+                                 << "slot recMangerConMsg(QString) linkmadress");
 }
 
 void TestRaWifiService::hasNoParentAndIgnoresTheNumber()
@@ -208,9 +207,8 @@ void TestRaWifiService::supplicantScriptsAnswerByTheirFirstLine()
     });
     RaWifiService service(0, nullptr);
     int verdict = 1;
-    const QByteArray printed = capturedOutput(stdout, [&] {
-        verdict = start ? service.callWpaSupplicantDefaultConf() : service.checkWpaSupplicantStatus();
-    });
+    const QByteArray printed = capturedOutput(
+        stdout, [&] { verdict = start ? service.callWpaSupplicantDefaultConf() : service.checkWpaSupplicantStatus(); });
     QCOMPARE(verdict, result);
     QCOMPARE(fakesystem::commands(), QList<QByteArray>() << QByteArray("sh /usr/bin/") + script);
     QCOMPARE(fakesystem::sleeps(), QList<int>());
@@ -262,9 +260,8 @@ void TestRaWifiService::theOwnAddressIsReadOnce()
     MacBuffer first;
     QCOMPARE(service.getLocalMACaddress(first.bytes), 0);
     QCOMPARE(first.bytes, macText);
-    QCOMPARE(trace.here(), QList<QByteArray>()
-                               << QByteArray("run ") + removeAnswer << QByteArray("run ") + readMac
-                               << "run rm /home/wifi/result3 -f");
+    QCOMPARE(trace.here(), QList<QByteArray>() << QByteArray("run ") + removeAnswer << QByteArray("run ") + readMac
+                                               << "run rm /home/wifi/result3 -f");
     QVERIFY(!fakesystem::exists(marker));
     MacBuffer second;
     QCOMPARE(service.getLocalMACaddress(second.bytes), 0);
@@ -318,8 +315,7 @@ void TestRaWifiService::withoutMarkerTheOwnAddressStaysUnknown()
     RaWifiService service(0, nullptr);
     MacBuffer buffer;
     int result = 1;
-    const QByteArray printed =
-        capturedOutput(stdout, [&] { result = service.getLocalMACaddress(buffer.bytes); });
+    const QByteArray printed = capturedOutput(stdout, [&] { result = service.getLocalMACaddress(buffer.bytes); });
     QCOMPARE(result, 0);
     QVERIFY(buffer.isUntouched());
     QCOMPARE(printed, QByteArray("/home/wifi/temp.txt is not existing\n"));

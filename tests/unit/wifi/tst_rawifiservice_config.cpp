@@ -81,7 +81,8 @@ void TestConfig::wpaFile_data()
     QTest::newRow("backslash and blanks") << QByteArray(" a\\nb c ") << QByteArray("\" a\\nb c \"");
     QTest::newRow("shell characters") << QByteArray("$(id)`id`;") << QByteArray("\"$(id)`id`;\"");
     // A quote with a hash behind it could not be read back: the key it stands for, with the name "home" as salt.
-    QTest::newRow("quote, then hash") << QByteArray("pass\"#word") << QByteArray("6ecab4bf9bfe43c9361f08dedabe4bb0ddbf2a90c2a169f623bb5430e2189eba");
+    QTest::newRow("quote, then hash") << QByteArray("pass\"#word")
+                                      << QByteArray("6ecab4bf9bfe43c9361f08dedabe4bb0ddbf2a90c2a169f623bb5430e2189eba");
 }
 
 void TestConfig::wpaFile()
@@ -116,9 +117,9 @@ void TestConfig::wepFile()
     RaWifiService service(1, nullptr);
     QCOMPARE(service.changeWpaConfigfile2("office", key.constData(), keyIndex), 0);
     // Without a request the authentication mode is 0: shared.
-    QCOMPARE(fakesystem::readFile(configFile),
-             head + "\tssid=\"office\"\n\tkey_mgmt=NONE\n\t" + line + "\n\twep_tx_keyidx="
-                 + QByteArray::number(keyIndex) + "\npriority=5\nauth_alg=SHARED\n}\n");
+    QCOMPARE(fakesystem::readFile(configFile), head + "\tssid=\"office\"\n\tkey_mgmt=NONE\n\t" + line
+                                                   + "\n\twep_tx_keyidx=" + QByteArray::number(keyIndex)
+                                                   + "\npriority=5\nauth_alg=SHARED\n}\n");
 }
 
 void TestConfig::openFile()
@@ -170,7 +171,8 @@ void TestConfig::refusalsTouchNothing_data()
     QTest::newRow("wpa, no name") << int(Wpa) << null << QByteArray("password") << 0 << -1;
     QTest::newRow("wpa, no key") << int(Wpa) << QByteArray("home") << null << 0 << -1;
     QTest::newRow("wpa, empty key") << int(Wpa) << QByteArray("home") << empty << 0 << -1;
-    QTest::newRow("wpa, line break in the key") << int(Wpa) << QByteArray("home") << QByteArray("pass\nword") << 0 << -1;
+    QTest::newRow("wpa, line break in the key")
+        << int(Wpa) << QByteArray("home") << QByteArray("pass\nword") << 0 << -1;
     QTest::newRow("wep, no name") << int(Wep) << null << QByteArray("abcde") << 0 << -1;
     QTest::newRow("wep, no key") << int(Wep) << QByteArray("home") << null << 0 << -1;
     QTest::newRow("wep, empty key") << int(Wep) << QByteArray("home") << empty << 0 << -1;

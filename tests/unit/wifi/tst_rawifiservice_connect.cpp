@@ -128,8 +128,8 @@ QByteArray configuration(const Lines& settings)
            "ctrl_interface_group=0\n"
            "ap_scan=1\n"
            "network={\n"
-           "\tssid=\"Home\"\n" +
-           settings.join('\n') + "\n}\n";
+           "\tssid=\"Home\"\n"
+           + settings.join('\n') + "\n}\n";
 }
 
 /**
@@ -140,8 +140,7 @@ QByteArray configuration(const Lines& settings)
 class DhcpInBetween
 {
 public:
-    explicit DhcpInBetween(Trace& trace)
-        : m_connecting(std::this_thread::get_id())
+    explicit DhcpInBetween(Trace& trace) : m_connecting(std::this_thread::get_id())
     {
         trace.onEntry([this](const QByteArray& entry) { onEntry(entry); });
     }
@@ -446,9 +445,8 @@ void TestRaWifiServiceConnect::theRequestIsLogged()
     RaWifiService service(0, nullptr);
     fakesystem::answerWithoutEnd("callwpaconf.sh", [] {});
     const Lines logged = loggedMessages([&] { join(service, request); });
-    QCOMPARE(logged.value(0),
-             QByteArray("-encry 2 ,macAddr =00:1a:2b:3c:4d:5e,essid =Home,password = password,"
-                        "sigquality = 3 authMode =1,keyindex = 3"));
+    QCOMPARE(logged.value(0), QByteArray("-encry 2 ,macAddr =00:1a:2b:3c:4d:5e,essid =Home,password = password,"
+                                         "sigquality = 3 authMode =1,keyindex = 3"));
 }
 
 void TestRaWifiServiceConnect::turningPointsAreLogged_data()
@@ -487,13 +485,11 @@ void TestRaWifiServiceConnect::failsStepByStep_data()
     QTest::addColumn<Lines>("dhcpSteps");
     {
         Steps steps = upToTheConfiguration().tell("config wifi failed", -1);
-        QTest::newRow("the configuration cannot be written")
-            << QByteArray("config") << steps.lines << Lines();
+        QTest::newRow("the configuration cannot be written") << QByteArray("config") << steps.lines << Lines();
     }
     {
         Steps steps = upToLoading().tell("Wifi network configuration information failed", -2);
-        QTest::newRow("callwpaconf.sh does not come to its end")
-            << QByteArray("load") << steps.lines << Lines();
+        QTest::newRow("callwpaconf.sh does not come to its end") << QByteArray("load") << steps.lines << Lines();
     }
     {
         Steps steps = upToTheAddressLoop();
@@ -598,8 +594,7 @@ void TestRaWifiServiceConnect::allTriesTogetherAreBounded()
     traceSignals(trace, service);
     QVERIFY(join(service, Request()) < 0);
     QCOMPARE(tries, 12 * 12);
-    QVERIFY(trace.here().contains(
-        "tell 0|Home|Network connection error or the server is busy,please try again|-2"));
+    QVERIFY(trace.here().contains("tell 0|Home|Network connection error or the server is busy,please try again|-2"));
 }
 
 void TestRaWifiServiceConnect::onlyAnAddressIsTakenForOne_data()
@@ -622,9 +617,8 @@ void TestRaWifiServiceConnect::onlyAnAddressIsTakenForOne()
     QFETCH(QByteArray, text);
     goodScripts();
     int tries = 0;
-    fakesystem::answer("getip.sh", [&] {
-        fakesystem::writeFile(answer, ++tries == 1 ? text : QByteArray("192.168.7.23\n"));
-    });
+    fakesystem::answer("getip.sh",
+                       [&] { fakesystem::writeFile(answer, ++tries == 1 ? text : QByteArray("192.168.7.23\n")); });
     Trace trace;
     const DhcpInBetween order(trace);
     RaWifiService service(0, nullptr);
@@ -691,8 +685,7 @@ void TestRaWifiServiceConnect::aLineBreakInANameStaysOneSetting()
     request.essid = QStringLiteral("a\nb\"");
     RaWifiService service(0, nullptr);
     QCOMPARE(joinOnAWorker(service, request), 0);
-    QVERIFY2(fakesystem::readFile(config).contains("\tssid=610a6222\n"),
-             fakesystem::readFile(config).constData());
+    QVERIFY2(fakesystem::readFile(config).contains("\tssid=610a6222\n"), fakesystem::readFile(config).constData());
     QCOMPARE(savedNetwork(0).essid, "a\nb\"");
 }
 
@@ -725,8 +718,7 @@ void TestRaWifiServiceConnect::aLongNameIsCutToTheRow()
     const QString cut = crop_string(g_font, request.essid, 250, QStringLiteral("..."));
     g_font = QFont();
     QVERIFY(cut.endsWith(QLatin1String("...")) && cut.size() < request.essid.size());
-    const QByteArray message =
-        "tell 0|" + request.essid.toUtf8() + '|' + cut.toUtf8() + "Successful connection|0";
+    const QByteArray message = "tell 0|" + request.essid.toUtf8() + '|' + cut.toUtf8() + "Successful connection|0";
     QVERIFY(trace.here().contains(message));
     QCOMPARE(QByteArray(savedNetwork(0).essid), request.essid.toUtf8());
 }
@@ -918,8 +910,7 @@ void TestRaWifiServiceConnect::theLockAtEachPoint()
             return;
         }
         if (entry == "run " + QByteArray(getAddress)) {
-            states << entry + (isConnectionMutexLocked() ? " locked " : " free ") +
-                          QByteArray::number(lockStatus);
+            states << entry + (isConnectionMutexLocked() ? " locked " : " free ") + QByteArray::number(lockStatus);
             mayEnd.open();
             hasEnded.wait();
             while (__atomic_load_n(&lockStatus, __ATOMIC_SEQ_CST) != 0) {
@@ -927,8 +918,7 @@ void TestRaWifiServiceConnect::theLockAtEachPoint()
             }
             return;
         }
-        states << entry + (isConnectionMutexLocked() ? " locked " : " free ") +
-                      QByteArray::number(lockStatus);
+        states << entry + (isConnectionMutexLocked() ? " locked " : " free ") + QByteArray::number(lockStatus);
     });
     m_mutex.lock(); // from an attempt whose DHCP stage never came to its end
     lockStatus = 1;
@@ -1121,8 +1111,8 @@ void TestRaWifiServiceConnect::anEarlierAttemptsExpiryIsNotThisOnes()
     // It expires at this very moment: the expiry is delivered before the new attempt's request can be.
     QMetaObject::invokeMethod(watchdog, "timeout", Qt::DirectConnection);
     expired.open();
-    while (!trace.elsewhere().contains("sendSetStatusMsg 00:1a:2b:3c:4d:5e|true") &&
-           !trace.elsewhere().contains("tell 0|Home|Data verification failed!|-1")) {
+    while (!trace.elsewhere().contains("sendSetStatusMsg 00:1a:2b:3c:4d:5e|true")
+           && !trace.elsewhere().contains("tell 0|Home|Data verification failed!|-1")) {
         QCoreApplication::processEvents();
     }
     worker.join();
@@ -1357,12 +1347,10 @@ void TestRaWifiServiceConnect::onlyThePendingNetworkIsSavedAsJoined_data()
     QTest::addColumn<QByteArray>("keyManagement");
     QTest::newRow("open") << static_cast<int>(NOENCRY) << Request().mac << true << 1 << QByteArray("NOENCRY");
     QTest::newRow("WEP") << static_cast<int>(WEP) << Request().mac << true << 2 << QByteArray("WEP");
-    QTest::newRow("WPA2") << static_cast<int>(WPA2_PSK) << Request().mac << true << 2
-                          << QByteArray("WPA2-PSK");
-    QTest::newRow("another one") << static_cast<int>(WPA2_PSK) << QStringLiteral("11:11:11:11:11:11") << false
-                                 << 0 << QByteArray();
-    QTest::newRow("upper case") << static_cast<int>(WPA2_PSK) << Request().mac.toUpper() << false << 0
-                                << QByteArray();
+    QTest::newRow("WPA2") << static_cast<int>(WPA2_PSK) << Request().mac << true << 2 << QByteArray("WPA2-PSK");
+    QTest::newRow("another one") << static_cast<int>(WPA2_PSK) << QStringLiteral("11:11:11:11:11:11") << false << 0
+                                 << QByteArray();
+    QTest::newRow("upper case") << static_cast<int>(WPA2_PSK) << Request().mac.toUpper() << false << 0 << QByteArray();
     QTest::newRow("none") << static_cast<int>(WPA2_PSK) << QString() << false << 0 << QByteArray();
 }
 

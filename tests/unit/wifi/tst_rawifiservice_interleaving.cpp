@@ -49,10 +49,7 @@ int mostInterruptions()
 class Scheduler
 {
 public:
-    explicit Scheduler(const Order& order)
-        : m_order(order)
-    {
-    }
+    explicit Scheduler(const Order& order) : m_order(order) {}
 
     /** From here on a DHCP stage is to be waited for. By the address loop's thread. */
     void expectDhcpStage()
@@ -177,16 +174,16 @@ class Run
 {
 public:
     Run(Scripts scripts, const Order& order)
-        : m_scripts(scripts)
-        , m_scheduler(order)
-        , m_main(std::this_thread::get_id())
+        : m_scripts(scripts),
+          m_scheduler(order),
+          m_main(std::this_thread::get_id())
     {
         fakesystem::reset();
         fakesystem::writeFile(answer, addressOfBefore);
         fakesystem::writeFile(marker, "");
         QFile::remove(QLatin1String("/home/wifi/ipinfo.txt"));
-        const char* const withoutEffect[] = {"rm -f /etc/wpa_supplicant.conf",
-                                             "echo 3 >/home/wifi/signal.txt", "echo 1 >/home/wifi/linkap.txt",
+        const char* const withoutEffect[] = {"rm -f /etc/wpa_supplicant.conf", "echo 3 >/home/wifi/signal.txt",
+                                             "echo 1 >/home/wifi/linkap.txt",
                                              "echo 00:1a:2b:3c:4d:5e >/home/wifi/curmac.txt"};
         for (const char* command : withoutEffect) {
             fakesystem::answerCommand(command, [] {});
@@ -343,8 +340,7 @@ void TestRaWifiServiceInterleaving::everyOrderOfTheTwoThreadsEndsRight_data()
     QTest::newRow("the address is there at once") << static_cast<int>(AddressAtOnce) << 0 << 3 << true;
     QTest::newRow("the address comes with the lease") << static_cast<int>(AddressByLease) << 0 << 3 << true;
     QTest::newRow("no answer before the lease") << static_cast<int>(EmptyBeforeLease) << 0 << 4 << true;
-    QTest::newRow("the DHCP script does not come to its end")
-        << static_cast<int>(DhcpWithoutEnd) << 0 << 3 << false;
+    QTest::newRow("the DHCP script does not come to its end") << static_cast<int>(DhcpWithoutEnd) << 0 << 3 << false;
     QTest::newRow("there is no address") << static_cast<int>(NoAddress) << -2 << 15 << true;
 }
 
@@ -358,8 +354,7 @@ void TestRaWifiServiceInterleaving::everyOrderOfTheTwoThreadsEndsRight()
     RaWifiService service(0, nullptr);
     int messages = 0;
     connect(
-        &service, &RaWifiService::sendListWndInfo, &service, [&messages] { ++messages; },
-        Qt::DirectConnection);
+        &service, &RaWifiService::sendListWndInfo, &service, [&messages] { ++messages; }, Qt::DirectConnection);
     QTimer* const watchdog = watchdogOf(service);
     QByteArray wrong;
     int orders = 0;
@@ -375,11 +370,11 @@ void TestRaWifiServiceInterleaving::everyOrderOfTheTwoThreadsEndsRight()
             const bool isKept = lockStatus == 1 && isConnectionMutexLocked() && watchdog->isActive();
             const bool isStageRight = isReleased || (!stageEndsWell && isKept);
             const QByteArray published = fakesystem::readFile("/home/wifi/ipinfo.txt");
-            if (got != result || run.tries() > mostTries || !isStageRight ||
-                published != (result == 0 ? QByteArray(address) : QByteArray())) {
-                wrong += "result " + QByteArray::number(got) + ", address " + published + ", " +
-                         QByteArray::number(run.tries()) + " tries, lock status " +
-                         QByteArray::number(lockStatus) + ", order ";
+            if (got != result || run.tries() > mostTries || !isStageRight
+                || published != (result == 0 ? QByteArray(address) : QByteArray())) {
+                wrong += "result " + QByteArray::number(got) + ", address " + published + ", "
+                         + QByteArray::number(run.tries()) + " tries, lock status " + QByteArray::number(lockStatus)
+                         + ", order ";
                 for (const bool givesWay : run.decisions()) {
                     wrong += givesWay ? '/' : '.';
                 }

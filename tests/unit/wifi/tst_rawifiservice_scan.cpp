@@ -157,8 +157,8 @@ void TestScan::scanLinesBecomeRecords_data()
                         int lock, const char* management) {
         QTest::newRow(title) << text << QByteArray(name) << level << kind << other << lock << QByteArray(management);
     };
-    row("wpa2, signal with a sign", "00:11:22:33:44:55\t2412\t-45\t[WPA2-PSK-CCMP][ESS]\thome\n", "home", 3, wpa2,
-        open, 2, "WPA2-PSK");
+    row("wpa2, signal with a sign", "00:11:22:33:44:55\t2412\t-45\t[WPA2-PSK-CCMP][ESS]\thome\n", "home", 3, wpa2, open,
+        2, "WPA2-PSK");
     row("open", line(macA, "[ESS]", "cafe"), "cafe", 4, open, open, 1, "NOENCRY");
     row("wep", line(macA, "[WEP][ESS]", "old", 20), "old", 2, wep, open, 2, "WEP");
     row("wpa", line(macA, "[WPA-PSK-TKIP][ESS]", "legacy", 3), "legacy", 1, wpa, open, 2, "WPA-PSK");
@@ -447,7 +447,8 @@ void TestScan::candidatesAreWalkedOnceToTheEnd()
     service.getAPListByScan();
     APData out;
     const QList<QByteArray> logged = loggedMessages([&] { QVERIFY(service.getAPInfoByLinkAPList(&out)); });
-    QCOMPARE(logged, (QList<QByteArray>() << "old g_linkAPIndex  =-1" << "new g_linkAPIndex  =0"));
+    QCOMPARE(logged, (QList<QByteArray>() << "old g_linkAPIndex  =-1"
+                                          << "new g_linkAPIndex  =0"));
     QVERIFY(service.getAPInfoByLinkAPList(&out));
     QCOMPARE(g_linkAPIndex, 1);
     for (int i = 0; i < 3; ++i) {

@@ -105,7 +105,9 @@ void TestRecordText::validTextIsItself()
 
 void TestRecordText::asciiStaysReadableBesideInvalidBytes()
 {
-    QCOMPARE(textFromBytes("ab\xff" "c"), QLatin1String("ab") + QChar(0xdcff) + QLatin1Char('c'));
+    QCOMPARE(textFromBytes("ab\xff"
+                           "c"),
+             QLatin1String("ab") + QChar(0xdcff) + QLatin1Char('c'));
 }
 
 void TestRecordText::fieldsAreCutAndZeroFilled_data()

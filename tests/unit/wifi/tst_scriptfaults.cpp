@@ -10,8 +10,8 @@
 #include "capturedoutput.h"
 #include "fakesystem.h"
 #include "joining.h"
-#include "raworkerthread.h"
 #include "rawifimonitor.h"
+#include "raworkerthread.h"
 #include "recordtext.h"
 
 #include <QtTest>
@@ -25,10 +25,26 @@
 
 namespace {
 
-enum Fault { None, Hangs, EndsEarly, Garbage, HundredMegabytes, Missing, DiesBySignal, LeavesChildren, RemovesDirectory };
+enum Fault {
+    None,
+    Hangs,
+    EndsEarly,
+    Garbage,
+    HundredMegabytes,
+    Missing,
+    DiesBySignal,
+    LeavesChildren,
+    RemovesDirectory
+};
 
-const char* const faultNames[] = {"works",      "hangs",      "ends early",     "prints garbage",
-                                  "prints 100 MB", "is missing", "dies by signal", "leaves children behind",
+const char* const faultNames[] = {"works",
+                                  "hangs",
+                                  "ends early",
+                                  "prints garbage",
+                                  "prints 100 MB",
+                                  "is missing",
+                                  "dies by signal",
+                                  "leaves children behind",
                                   "removes /home/wifi"};
 
 const char hanging[] = "/tmp/hanging"; // a pipe that gets the process id of a script that hangs
@@ -321,11 +337,11 @@ void TestScriptFaults::theLibrarySurvives()
     const QByteArray command = row.command;
     fakesystem::answerCommand(command, [command] { fakesystem::runForReal(command); });
     const bool isDhcp = command == joining::runDhcp;
-    const QByteArray whenHanging = isDhcp ? row.good + QByteArray(", lock 1, then 0")
-                                          : QByteArray(row.onWorker ? "cancelled" : row.withoutAnswer);
-    const QByteArray outcomes[] = {row.good,        whenHanging,       row.withoutAnswer, row.withGarbage,
-                                   row.withGarbage, row.withoutAnswer, row.withoutEnd,    row.good,
-                                   row.withoutEnd};
+    const QByteArray whenHanging =
+        isDhcp ? row.good + QByteArray(", lock 1, then 0") : QByteArray(row.onWorker ? "cancelled" : row.withoutAnswer);
+    const QByteArray outcomes[] = {row.good,        whenHanging,     row.withoutAnswer,
+                                   row.withGarbage, row.withGarbage, row.withoutAnswer,
+                                   row.withoutEnd,  row.good,        row.withoutEnd};
 
     const int descriptors = entriesOf("/proc/self/fd");
     const int threads = entriesOf("/proc/self/task");

@@ -112,13 +112,23 @@ Network anyNetwork(RandomBytes& random)
     const unsigned textLengths[] = {5, 13, 16};
     const unsigned digitCounts[] = {10, 26, 32};
     const QByteArray digits = "0123456789abcdefABCDEF";
-    Network network = {random.upTo(3) != 0 ? Passphrase : others[random.upTo(3)], random.name(), QByteArray(), static_cast<int>(random.upTo(3))};
+    Network network = {random.upTo(3) != 0 ? Passphrase : others[random.upTo(3)], random.name(), QByteArray(),
+                       static_cast<int>(random.upTo(3))};
     switch (network.kind) {
-    case Passphrase: network.password = random.password(8 + random.upTo(55)); break;
-    case HexKey: network.password = random.from(digits, 64); break;
-    case WepText: network.password = random.password(textLengths[random.upTo(2)]); break;
-    case WepDigits: network.password = random.from(digits, digitCounts[random.upTo(2)]); break;
-    case Open: break;
+    case Passphrase:
+        network.password = random.password(8 + random.upTo(55));
+        break;
+    case HexKey:
+        network.password = random.from(digits, 64);
+        break;
+    case WepText:
+        network.password = random.password(textLengths[random.upTo(2)]);
+        break;
+    case WepDigits:
+        network.password = random.from(digits, digitCounts[random.upTo(2)]);
+        break;
+    case Open:
+        break;
     }
     return network;
 }
@@ -179,8 +189,8 @@ private:
 void TestSupplicantReadBack::initTestCase()
 {
     if (!Supplicant::isAvailable()) {
-        QSKIP(qPrintable(QString::fromLatin1("no supplicant in %1: run device/vm/prepare")
-                             .arg(Supplicant::whereItIsLookedFor())));
+        QSKIP(qPrintable(
+            QString::fromLatin1("no supplicant in %1: run device/vm/prepare").arg(Supplicant::whereItIsLookedFor())));
     }
     fakesystem::carryOutFilesBy(carryOutFilesHere);
     fakesystem::answerCommand("cat /etc/wpa_supplican.conf", [] {});
@@ -212,10 +222,13 @@ int TestSupplicantReadBack::write(const Network& network)
     const char* const password = network.password.constData();
     switch (network.kind) {
     case Passphrase:
-    case HexKey: return m_service.changeWpaConfigfile(name, password);
+    case HexKey:
+        return m_service.changeWpaConfigfile(name, password);
     case WepText:
-    case WepDigits: return m_service.changeWpaConfigfile2(name, password, network.wepIndex);
-    case Open: return m_service.changeWpaConfigfile3(name, password);
+    case WepDigits:
+        return m_service.changeWpaConfigfile2(name, password, network.wepIndex);
+    case Open:
+        return m_service.changeWpaConfigfile3(name, password);
     }
     return 1;
 }
@@ -230,8 +243,8 @@ void TestSupplicantReadBack::checkReadBack(const Network& network)
     const QByteArray management = m_supplicant.request("GET_NETWORK 0 key_mgmt");
     switch (network.kind) {
     case Passphrase: {
-        const QByteArray expected = written.startsWith('"') ? '"' + network.password + '"'
-                                                            : referenceKey(network.password, network.text());
+        const QByteArray expected =
+            written.startsWith('"') ? '"' + network.password + '"' : referenceKey(network.password, network.text());
         QCOMPARE(management, QByteArray("WPA-PSK WPA-EAP")); // unless said otherwise
         QCOMPARE(savedValue("psk").toHex(), expected.toHex());
         break;
@@ -248,7 +261,9 @@ void TestSupplicantReadBack::checkReadBack(const Network& network)
         QCOMPARE(bytesOf(savedValue(wepKey)).toHex(),
                  network.kind == WepText ? network.password.toHex() : network.password.toLower());
         break;
-    case Open: QCOMPARE(management, QByteArray("NONE")); break;
+    case Open:
+        QCOMPARE(management, QByteArray("NONE"));
+        break;
     }
 }
 
@@ -274,8 +289,8 @@ void TestSupplicantReadBack::names_data()
     QTest::newRow("line break and a setting") << QByteArray("a\"\n}\nupdate_config=1\n#");
     QTest::newRow("carriage return") << QByteArray("home\r");
     QTest::newRow("tab") << QByteArray("\thome");
-    QTest::newRow("all low control characters")
-        << QByteArray("\1\2\3\4\5\6\7\x8\x9\xa\xb\xc\xd\xe\xf\x10\x11\x12\x13\x14\x15\x16\x17\x18\x19\x1a\x1b\x1c\x1d\x1e\x1f\x7f");
+    QTest::newRow("all low control characters") << QByteArray(
+        "\1\2\3\4\5\6\7\x8\x9\xa\xb\xc\xd\xe\xf\x10\x11\x12\x13\x14\x15\x16\x17\x18\x19\x1a\x1b\x1c\x1d\x1e\x1f\x7f");
     QTest::newRow("blanks around") << QByteArray("  home  ");
     QTest::newRow("closing brace") << QByteArray("}");
     QTest::newRow("looks like hexadecimal") << QByteArray("686f6d65");
@@ -303,7 +318,8 @@ void TestSupplicantReadBack::namesAreLiteralWhereverThatReadsBack()
         }
         QCOMPARE(m_service.changeWpaConfigfile(name.constData(), "password"), 0);
         const bool literal = valueIn(fakesystem::readFile(configFile), "ssid") == '"' + name + '"';
-        fakesystem::writeFile(configFile, "ctrl_interface=/var/run/wpa_supplicant\nnetwork={\n\tssid=\"" + name + "\"\n}\n");
+        fakesystem::writeFile(configFile,
+                              "ctrl_interface=/var/run/wpa_supplicant\nnetwork={\n\tssid=\"" + name + "\"\n}\n");
         QVERIFY2((nameReadBack() == name) == literal, name.constData());
     }
 }
@@ -340,8 +356,8 @@ void TestSupplicantReadBack::passphrasesAreLiteralWhereverThatReadsBack()
         QCOMPARE(m_service.changeWpaConfigfile("home", passphrase.constData()), 0);
         const QByteArray quoted = '"' + passphrase + '"';
         const bool literal = valueIn(fakesystem::readFile(configFile), "psk") == quoted;
-        fakesystem::writeFile(configFile, "ctrl_interface=/var/run/wpa_supplicant\nnetwork={\n\tssid=\"home\"\n\tpsk=" + quoted
-                                              + "\n}\n");
+        fakesystem::writeFile(configFile, "ctrl_interface=/var/run/wpa_supplicant\nnetwork={\n\tssid=\"home\"\n\tpsk="
+                                              + quoted + "\n}\n");
         QVERIFY2((savedValue("psk") == quoted) == literal, passphrase.constData());
     }
 }
@@ -397,7 +413,8 @@ void TestSupplicantReadBack::randomPairs()
         }
     }
     qInfo("%d pairs read back by the supplicant, %d of them with a printable passphrase, %d refused with the old file "
-          "untouched, seed %u", readBack, passphrases, refused, seed());
+          "untouched, seed %u",
+          readBack, passphrases, refused, seed());
 }
 
 QTEST_GUILESS_MAIN(TestSupplicantReadBack)
