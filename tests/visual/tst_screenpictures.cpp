@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The rawificontrol authors
 // SPDX-License-Identifier: MIT
+#include "language.h"
 #include "networks.h"
 #include "picturetest.h"
 #include "raitempushbtn.h"
@@ -8,9 +9,8 @@
 #include "rawifiinputwnd.h"
 #include "rawifilistwidget.h"
 
-#include <QMap>
 #include <QTest>
-#include <QTranslator>
+#include <functional>
 
 using namespace picturetest;
 
@@ -22,42 +22,6 @@ QString utf8(const char* text)
 {
     return QString::fromUtf8(text);
 }
-
-/** Every text that a page has of its own, in the other language. */
-class OtherLanguage : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char*, const char* source, const char* = nullptr, int = -1) const override
-    {
-        static const QMap<QByteArray, QString> texts = {
-            {"WIFI", utf8("无线网络")},
-            {"Discovering...", utf8("正在搜索...")},
-            {"No networks found", utf8("没有找到网络")},
-            {"正在连接中，请等待...", utf8("Connecting, please wait...")},
-            {"已连接", utf8("Connected")},
-            {"请输入密码", utf8("Enter the password")},
-            {"密码最多%1个字符", utf8("At most %1 characters")},
-            {"密码中不能有这个字符", utf8("Character not allowed")},
-            {"显示密码", utf8("Show password")},
-            {"取消", utf8("Cancel")},
-            {"确定", utf8("OK")},
-            {"返回", utf8("Back")},
-        };
-        return texts.value(source);
-    }
-};
-
-/** The other language for as long as it lives. */
-class Translated
-{
-public:
-    Translated() { QCoreApplication::installTranslator(&m_language); }
-    ~Translated() { QCoreApplication::removeTranslator(&m_language); }
-
-private:
-    OtherLanguage m_language;
-};
 
 void settle()
 {
@@ -79,10 +43,11 @@ QList<APData> air()
 class ListScreen
 {
 public:
-    explicit ListScreen(const QList<APData>& networks = air(), const char* title = "Network Setting",
-                        const char* address = "00:11:22:33:44:55")
+    explicit ListScreen(const QList<APData>& networks = air())
         : m_sheet(screenHeight),
-          page(m_sheet.put(new RaWifiListWidget(&m_sheet, true, utf8(title), utf8(address)),
+          page(m_sheet.put(new RaWifiListWidget(&m_sheet, true,
+                                                QCoreApplication::translate("RaWifiManager", "Network Setting"),
+                                                utf8("00:11:22:33:44:55")),
                            QRect(0, 0, 320, screenHeight)))
     {
         page->setWifiSwitch(true);
@@ -174,25 +139,12 @@ QImage listRowPressed()
     return screen.picture();
 }
 
-QImage translatedList()
+QImage listJoiningWhileDiscovering()
 {
-    const Translated language;
-    ListScreen screen(air(), "网络设置");
+    ListScreen screen;
     screen.page->setScanning(true);
     screen.page->recWifiListMsg(air().at(2));
     return screen.picture();
-}
-
-QImage translatedListDiscovering()
-{
-    const Translated language;
-    return ListScreen(QList<APData>(), "网络设置").picture();
-}
-
-QImage translatedListWithoutNetworks()
-{
-    const Translated language;
-    return listWithoutNetworks();
 }
 
 // --- password page
@@ -271,10 +223,12 @@ QImage passwordKeyboardMoved()
     return screen.picture();
 }
 
-QImage translated(QImage (*scene)())
+std::function<QImage()> in(const char* locale, QImage (*scene)())
 {
-    const Translated language;
-    return scene();
+    return [locale, scene] {
+        const Language language(utf8(locale));
+        return language.isLoaded() ? scene() : QImage();
+    };
 }
 
 const Scenes scenes = {
@@ -288,9 +242,6 @@ const Scenes scenes = {
     {"list-discovering", listDiscovering},
     {"list-discovering-again", listDiscoveringAgain},
     {"list-no-networks", listWithoutNetworks},
-    {"list-translated", translatedList},
-    {"list-discovering-translated", translatedListDiscovering},
-    {"list-no-networks-translated", translatedListWithoutNetworks},
 
     {"password-empty", passwordEmpty},
     {"password-typed", passwordTyped},
@@ -299,14 +250,26 @@ const Scenes scenes = {
     {"password-long", passwordLong},
     {"password-missing", passwordMissing},
     {"password-keyboard-moved", passwordKeyboardMoved},
-    {"password-empty-translated", [] { return translated(passwordEmpty); }},
-    {"password-long-translated", [] { return translated(passwordLong); }},
-    {"password-missing-translated", [] { return translated(passwordMissing); }},
+};
+
+const Scenes scenesInLanguages = {
+    {"list-english", in("en", listJoiningWhileDiscovering)},
+    {"list-chinese", in("zh_CN", listJoiningWhileDiscovering)},
+    {"list-discovering-chinese", in("zh_CN", listDiscovering)},
+    {"list-no-networks-chinese", in("zh_CN", listWithoutNetworks)},
+    {"password-empty-english", in("en", passwordEmpty)},
+    {"password-long-english", in("en", passwordLong)},
+    {"password-missing-english", in("en", passwordMissing)},
+    {"password-missing-chinese", in("zh_CN", passwordMissing)},
 };
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    return run(argc, argv, scenes);
+    Scenes all = scenes;
+    if (RAWIFI_TRANSLATIONS) {
+        all.insert(all.end(), scenesInLanguages.begin(), scenesInLanguages.end());
+    }
+    return run(argc, argv, all);
 }

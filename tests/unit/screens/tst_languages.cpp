@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rawificontrol authors
 // SPDX-License-Identifier: MIT
 #include "drawntexts.h"
+#include "language.h"
 #include "networks.h"
 #include "rabasewindow.h"
 #include "racirclewait.h"
@@ -12,9 +13,7 @@
 #include "rawifilistwidget.h"
 
 #include <QFile>
-#include <QLocale>
 #include <QRegularExpression>
-#include <QTranslator>
 #include <QXmlStreamReader>
 #include <QtTest>
 #include <functional>
@@ -26,25 +25,6 @@ QString utf8(const char* text)
 {
     return QString::fromUtf8(text);
 }
-
-/** A language for as long as it lives, as a host would load it. */
-class Language
-{
-public:
-    explicit Language(const QString& locale)
-    {
-        if (m_texts.load(QLocale(locale), QLatin1String("rawificontrol"), QLatin1String("_"),
-                         QLatin1String(":/translations"))) {
-            QCoreApplication::installTranslator(&m_texts);
-        }
-    }
-    ~Language() { QCoreApplication::removeTranslator(&m_texts); }
-
-    bool isLoaded() const { return !m_texts.isEmpty(); }
-
-private:
-    QTranslator m_texts;
-};
 
 /** What a text has of the other language: what is written in its letters. */
 QString foreignPart(const QString& locale, const QString& text)
