@@ -108,5 +108,5 @@ int main(int argc, char** argv)
     if (mkdir("/home/wifi", 0777) == 0) {
         chmod("/home/wifi", 0777);
     }
-    return command->run(output, arguments);
+    return output.end(command->run(output, arguments));
 }

@@ -3,22 +3,27 @@
 #include "output.h"
 
 #include <QJsonDocument>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace {
 
-void write(int descriptor, const QByteArray& line)
+/** 0, or errno. */
+int write(int descriptor, const QByteArray& line)
 {
     const QByteArray bytes = line + '\n';
     for (int done = 0; done < bytes.size();) {
         const auto step = ::write(descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
-        if (step <= 0) {
-            return;
+        if (step >= 0) {
+            done += static_cast<int>(step);
+        } else if (errno != EINTR) {
+            return errno;
         }
-        done += static_cast<int>(step);
     }
+    return 0;
 }
 
 bool showsColours()
@@ -61,7 +66,7 @@ Output::Output(bool json, bool verbose)
 void Output::line(const QString& text)
 {
     if (!m_json) {
-        write(m_out, text.toUtf8());
+        print(text.toUtf8());
     }
 }
 
@@ -73,7 +78,7 @@ QString Output::painted(Colour colour, const QString& text) const
 void Output::document(const QJsonObject& object)
 {
     if (m_json) {
-        write(m_out, QJsonDocument(object).toJson(QJsonDocument::Compact));
+        print(QJsonDocument(object).toJson(QJsonDocument::Compact));
     }
 }
 
@@ -87,12 +92,29 @@ void Output::document(const QJsonArray& list)
         lines += lines.isEmpty() ? "\n" : ",\n";
         lines += QJsonDocument(element.toObject()).toJson(QJsonDocument::Compact);
     }
-    write(m_out, '[' + lines + "\n]");
+    print('[' + lines + "\n]");
 }
 
 void Output::error(const QString& text)
 {
     write(m_error, "rawifictl: " + text.toUtf8());
+}
+
+int Output::end(int status)
+{
+    if (m_outError == 0) {
+        return status;
+    }
+    error(QString::fromLatin1("standard output: %1").arg(QString::fromLocal8Bit(std::strerror(m_outError))));
+    return status == Done ? Failed : status;
+}
+
+void Output::print(const QByteArray& line)
+{
+    const int problem = write(m_out, line);
+    if (m_outError == 0) {
+        m_outError = problem;
+    }
 }
 
 ExitStatus Output::failure(ExitStatus status, const QString& text)

@@ -23,8 +23,7 @@ public:
 
     /** One line of text for a person; nothing in JSON mode. */
     void line(const QString& text);
-    /** \a text in a colour where standard output is a terminal that shows colours, and NO_COLOR is not set.
-     */
+    /** \a text in a colour where standard output is a terminal that shows colours, and NO_COLOR is not set. */
     QString painted(Colour colour, const QString& text) const;
 
     /** One JSON document on a line; nothing in text mode. */
@@ -37,11 +36,17 @@ public:
     /** The same for a command that has no other result: the JSON document says it, too. Returns \a status. */
     ExitStatus failure(ExitStatus status, const QString& text);
 
+    /** The program's exit status: \a status, but when standard output took not everything, which is told, too. */
+    int end(int status);
+
 private:
+    void print(const QByteArray& line);
+
     const bool m_json;
     const bool m_coloured;
     const int m_out;
     const int m_error;
+    int m_outError = 0;
 };
 
 /** Bytes as text for a person: what cannot be seen becomes \uNNNN, bytes that are not UTF-8 \xNN. */

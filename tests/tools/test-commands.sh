@@ -21,6 +21,18 @@ test_version_is_told() {
     expect_out "rawifictl $(cat "$here/../../version.txt")"
 }
 
+test_output_that_cannot_be_written_is_a_failure() {
+    air "$kitchen"
+    "$RAWIFICTL" scan >/dev/full 2>/tmp/err </dev/null
+    result=$?
+    expect_result 1
+    expect_in_err 'standard output: No space left on device'
+    "$RAWIFICTL" --json scan >&- 2>/tmp/err </dev/null
+    result=$?
+    expect_result 1
+    expect_in_err 'standard output: Bad file descriptor'
+}
+
 test_wrong_usage_ends_with_2() {
     for line in '' shout 'scan more' 'scan --polls 3' 'status --polls 3' join forget 'forget a b' 'monitor --interval x' \
         'monitor --interval 99' 'join a - b' 'join a --key-index 4' --shout 'doctor --watch'; do

@@ -33,6 +33,7 @@ FILES:${PN}-tools = "\
     ${datadir}/bash-completion \
     ${datadir}/fish \
     ${datadir}/zsh \
+    ${mandir}/man1 \
 "
 
 RRECOMMENDS:${PN} = "${PN}-device"
