@@ -3,7 +3,7 @@
 #ifndef RAWIFI_RASHELL_H
 #define RAWIFI_RASHELL_H
 
-// The only caller of system(), and every fixed wait. These are the points at which a RaWorkerThread can be
+// The library's only caller of system(), and every fixed wait. These are the points at which a RaWorkerThread can be
 // cancelled; on any other thread they are never cancellation points of this library's making.
 
 /**

@@ -26,6 +26,7 @@ const char* const directories[] = {"/home/wifi", "/apps/config", "/etc"};
 const char* const secretFiles[] = {"/apps/config/network.conf", "/etc/wpa_supplicant.conf",
                                    "/home/wifi/tmpnetwork.conf"};
 
+const char supplicantClient[] = "/usr/bin/wpa_cli"; // called by its path, unlike the other programs
 const char* const programs[] = {"wpa_supplicant", "wpa_cli", "udhcpc", "ifconfig", "route", "ping", "awk", "killall"};
 
 QString text(const char* latin1)
@@ -51,7 +52,8 @@ bool shell(const QByteArray& command)
 // The library runs the scripts by "sh": they need to be readable, not executable.
 Finding lookAtScript(const char* path)
 {
-    const QString install = QLatin1String("install the scripts: cmake --install BUILD --component device");
+    const QString install =
+        QLatin1String("install the scripts: cmake --install BUILD --prefix /usr --component device");
     struct stat status;
     if (stat(path, &status) != 0) {
         return wrong(path, QLatin1String("is missing"), install);
@@ -166,6 +168,11 @@ QList<Finding> programFindings()
     for (const char* name : programs) {
         findings << lookAtProgram(name);
     }
+    findings << fine(supplicantClient);
+    if (access(supplicantClient, X_OK) != 0) {
+        findings.last() = wrong(supplicantClient, QLatin1String("is no program: closing Wi-Fi would keep the link"),
+                                QLatin1String("ln -s \"$(command -v wpa_cli)\" ") + text(supplicantClient));
+    }
     return findings;
 }
 
@@ -183,7 +190,8 @@ QList<Finding> interfaceFindings()
 QList<Finding> busFindings()
 {
     const char subject[] = "message bus";
-    const bool named = !qgetenv("DBUS_SESSION_BUS_ADDRESS").isEmpty();
+    const bool named = !qgetenv("DBUS_SESSION_BUS_ADDRESS").isEmpty()
+                       || QFile::exists(QFile::decodeName(qgetenv("XDG_RUNTIME_DIR")) + QLatin1String("/bus"));
     if ((named && isReachable(QDBusConnection::SessionBus)) || isReachable(QDBusConnection::SystemBus)) {
         return {fine(subject)};
     }

@@ -87,7 +87,8 @@ holds_what_the_tree_has() {
     for file in device/scripts/*.sh; do
         cmp "$file" "$root/usr/bin/${file##*/}" && [ -x "$root/usr/bin/${file##*/}" ] || return
     done
-    inside rawifictl --version
+    inside /usr/bin/wpa_cli -v && # where the library calls it
+        inside rawifictl --version
 }
 
 builds() { # builds DIRECTORY-IN-ROOT

@@ -41,6 +41,7 @@ begin_test() {
         printf '#!/bin/sh\n' >"/fake/bin/$name"
         chmod 755 "/fake/bin/$name"
     done
+    ln -sf /fake/bin/wpa_cli /usr/bin/wpa_cli
     answer getwpastatus OK
     answer calldefaultconf OK
     problems=

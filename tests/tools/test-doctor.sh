@@ -24,7 +24,7 @@ expect_finding() {
     expect_json "[(f['subject'], f['problem'], f['advice']) for f in d if not f['ok']] == [('$1', '$2', '$3')]"
 }
 
-install='install the scripts: cmake --install BUILD --component device'
+install='install the scripts: cmake --install BUILD --prefix /usr --component device'
 
 test_nothing_is_wrong_with_a_device_in_order() {
     healthy_device
@@ -41,6 +41,23 @@ test_nothing_is_wrong_with_a_device_in_order() {
     run doctor --json
     expect_result 0
     expect_json 'len(d) > 25 and all(f["ok"] and not f["problem"] and not f["advice"] for f in d)'
+}
+
+test_a_client_that_is_not_where_the_library_calls_it_is_found() {
+    healthy_device
+    rm /usr/bin/wpa_cli
+    expect_finding /usr/bin/wpa_cli 'is no program: closing Wi-Fi would keep the link' \
+        'ln -s "$(command -v wpa_cli)" /usr/bin/wpa_cli'
+}
+
+test_a_bus_of_the_users_session_is_found() {
+    healthy_device
+    address=${DBUS_SESSION_BUS_ADDRESS#unix:path=}
+    mkdir -p /tmp/session
+    ln -f "${address%%,*}" /tmp/session/bus
+    run_in=$(XDG_RUNTIME_DIR=/tmp/session env -u DBUS_SESSION_BUS_ADDRESS "$RAWIFICTL" doctor)
+    result=$?
+    [ $result = 0 ] || problem "ended with $result: $(grep -A1 PROBLEM <<<"$run_in")"
 }
 
 test_scripts_of_the_devices_own_need_no_shared_ones() {

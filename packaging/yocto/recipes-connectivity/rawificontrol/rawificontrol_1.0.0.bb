@@ -22,7 +22,7 @@ do_install:append() {
 PACKAGES =+ "${PN}-device ${PN}-tools"
 
 SUMMARY:${PN}-device = "Helper scripts and pictures for the Wi-Fi settings page"
-FILES:${PN}-device = "${bindir}/*.sh ${datadir}/rawifi /apps/res"
+FILES:${PN}-device = "${bindir}/*.sh ${bindir}/wpa_cli ${datadir}/rawifi /apps/res"
 RDEPENDS:${PN}-device = "busybox busybox-udhcpc wpa-supplicant wpa-supplicant-cli"
 
 SUMMARY:${PN}-tools = "Programs around the Wi-Fi settings page"
