@@ -8,6 +8,19 @@
 
 set(CMAKE_AUTOMOC ON)
 
+# rawifi_generate_moc(<target>)
+# Makes <target>.moc, which <target>.cpp includes; for a target without AUTOMOC.
+function(rawifi_generate_moc target)
+    set(moc "${CMAKE_CURRENT_BINARY_DIR}/${target}.moc")
+    if(RAWIFI_QT EQUAL 4)
+        qt4_generate_moc(${target}.cpp "${moc}")
+    else()
+        qt_generate_moc(${target}.cpp "${moc}" TARGET ${target})
+    endif()
+    target_sources(${target} PRIVATE "${moc}")
+    target_include_directories(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
+endfunction()
+
 add_library(rawifi_toolkit INTERFACE)
 add_library(rawifi_toolkit_bus INTERFACE)
 add_library(rawifi_toolkit_test INTERFACE)
