@@ -67,6 +67,7 @@ RaListwidget::RaListwidget(int setting, QWidget* parent) : RaBaseWidget(parent),
 
 void RaListwidget::init()
 {
+    raAssertOwnThread(this);
     if (m_switchRow) {
         return;
     }
@@ -227,6 +228,7 @@ void RaListwidget::setWifiSwitch(bool on)
 
 void RaListwidget::setSetting(int setting)
 {
+    raAssertOwnThread(this);
     m_setting = setting;
 }
 
@@ -366,6 +368,7 @@ bool RaListwidget::takesRelease(QObject* watched)
 
 void RaListwidget::updatePressStatus()
 {
+    raAssertOwnThread(this);
     m_releaseTimer->stop();
     if (m_moveCount != 0) {
         m_moveCount = -1;
@@ -374,11 +377,13 @@ void RaListwidget::updatePressStatus()
 
 void RaListwidget::recSwitchChanged(bool checked)
 {
+    raAssertOwnThread(this);
     Q_EMIT checkedChanged(checked);
 }
 
 void RaListwidget::recItemBtnclicked(APData data, int index)
 {
+    raAssertOwnThread(this);
     m_curItemIdx = index;
     Q_EMIT itemClick(index);
     Q_EMIT sendSelectItemByList(data);

@@ -176,6 +176,7 @@ void RaWifiInputWnd::clear()
 
 void RaWifiInputWnd::onOkClicked()
 {
+    raAssertOwnThread(this);
     if (m_edit->getIsPlaceholderText()) {
         showTip(text(QT_TRANSLATE_NOOP_UTF8("RaWifiInputWnd", "请输入密码")));
         return;
@@ -191,11 +192,13 @@ void RaWifiInputWnd::onOkClicked()
 
 void RaWifiInputWnd::onCancelClicked()
 {
+    raAssertOwnThread(this);
     Q_EMIT sendWifiInputCancelMsg();
 }
 
 void RaWifiInputWnd::pwdSelectChanged()
 {
+    raAssertOwnThread(this);
     m_isMasked = !m_isMasked;
     applyEcho();
 }
@@ -209,6 +212,7 @@ void RaWifiInputWnd::applyEcho()
 
 void RaWifiInputWnd::recKeyboardMoveStep(bool isUP, int moveValue)
 {
+    raAssertOwnThread(this);
     moveKeyboard(m_keyboard->y() + (isUP ? -moveValue : moveValue));
 }
 
@@ -220,6 +224,7 @@ void RaWifiInputWnd::moveKeyboard(int top)
 
 void RaWifiInputWnd::setTextSlot(QString text, QString objName)
 {
+    raAssertOwnThread(this);
     RA_DEBUG("text=%s,objName = %s", raSecret(text.toUtf8().constData()), objName.toUtf8().constData());
     if (text == QLatin1String("BS")) {
         removeCharacter();
@@ -261,21 +266,25 @@ void RaWifiInputWnd::setTyped(const QString& before, const QString& after)
 
 void RaWifiInputWnd::recKeyboardNumber()
 {
+    raAssertOwnThread(this);
     m_lettersShown = false;
 }
 
 void RaWifiInputWnd::recKeyboardSymbol()
 {
+    raAssertOwnThread(this);
     m_lettersShown = false;
 }
 
 void RaWifiInputWnd::recKeyboardCharacter()
 {
+    raAssertOwnThread(this);
     m_lettersShown = true;
 }
 
 void RaWifiInputWnd::PwTxtEdited(QString text)
 {
+    raAssertOwnThread(this);
     if (text.isEmpty()) {
         m_edit->setPlaceholdertextStatus();
     }
@@ -283,6 +292,7 @@ void RaWifiInputWnd::PwTxtEdited(QString text)
 
 void RaWifiInputWnd::PwTxtChanged(QString)
 {
+    raAssertOwnThread(this);
     m_tip->hide(); // it was about the text before
 }
 
@@ -297,6 +307,7 @@ void RaWifiInputWnd::showTip(const QString& tip)
 
 void RaWifiInputWnd::hideTips()
 {
+    raAssertOwnThread(this);
     RA_DEBUG("Connect Timer Timeout -> hideTips");
     m_tipsTimer->stop();
     m_tip->hide();

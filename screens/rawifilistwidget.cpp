@@ -74,6 +74,7 @@ RaWifiListWidget::RaWifiListWidget(QWidget* parent, bool backShown, QString titl
 
 void RaWifiListWidget::createUI(QString title, int type, QString mac)
 {
+    raAssertOwnThread(this);
     m_pageKind = type;
     if (m_title) {
         return;
@@ -87,6 +88,7 @@ void RaWifiListWidget::createUI(QString title, int type, QString mac)
 
 void RaWifiListWidget::createTitleBar()
 {
+    raAssertOwnThread(this);
     if (m_title) {
         return;
     }
@@ -140,6 +142,7 @@ QLabel* RaWifiListWidget::createStripLabel(Qt::Alignment alignment)
 
 void RaWifiListWidget::createWifiSwitch()
 {
+    raAssertOwnThread(this);
     if (m_list) {
         return;
     }

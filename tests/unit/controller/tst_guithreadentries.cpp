@@ -143,6 +143,9 @@ void TestGuiThreadEntries::anotherThreadGetsNoFurtherThanTheEntry_data()
         QTest::newRow((QByteArray(owner) + "::" + name).constData()) << entry << QByteArray(owner);
     };
 #define ENTRY(owner, object, call, name) add(#owner, name, [](Windows& windows) { windows.object->call; })
+    ENTRY(RaWifiListWidget, list, createUI(QString(), 1, QString()), "createUI");
+    ENTRY(RaWifiListWidget, list, createTitleBar(), "createTitleBar");
+    ENTRY(RaWifiListWidget, list, createWifiSwitch(), "createWifiSwitch");
     ENTRY(RaWifiListWidget, list, setMac(QString()), "setMac");
     ENTRY(RaWifiListWidget, list, showRefreshListData(), "showRefreshListData");
     ENTRY(RaWifiListWidget, list, setLinkAP(true), "setLinkAP");
@@ -167,6 +170,7 @@ void TestGuiThreadEntries::anotherThreadGetsNoFurtherThanTheEntry_data()
     ENTRY(RaWifiListWidget, list, recWifiInputCancelMsg(), "recWifiInputCancelMsg");
     ENTRY(RaWifiListWidget, list, recWifiInputOkMsg(network(1, "Open")), "recWifiInputOkMsg");
 
+    ENTRY(RaListwidget, rows, init(), "init");
     ENTRY(RaListwidget, rows, setListData(), "setListData");
     ENTRY(RaListwidget, rows, clearRows(), "clearRows");
     ENTRY(RaListwidget, rows, keyUp(), "keyUp");
@@ -174,12 +178,27 @@ void TestGuiThreadEntries::anotherThreadGetsNoFurtherThanTheEntry_data()
     ENTRY(RaListwidget, rows, setSwitchPos(1), "setSwitchPos");
     ENTRY(RaListwidget, rows, setIsHideMsg(true), "setIsHideMsg");
     ENTRY(RaListwidget, rows, setWifiSwitch(true), "setWifiSwitch");
+    ENTRY(RaListwidget, rows, setSetting(1), "setSetting");
+    ENTRY(RaListwidget, rows, recSwitchChanged(true), "recSwitchChanged");
+    ENTRY(RaListwidget, rows, recItemBtnclicked(network(1, "Open"), 0), "recItemBtnclicked");
+    ENTRY(RaListwidget, rows, updatePressStatus(), "updatePressStatus");
     ENTRY(RaListwidget, rows, setPassThrough(true), "setPassThrough");
     ENTRY(RaListwidget, rows, setLinKAP(-1, network(1, "Open"), true), "setLinKAP");
     ENTRY(RaListwidget, rows, clearLinKAP(), "clearLinKAP");
 
     ENTRY(RaWifiInputWnd, input, setAPData(network(1, "Open")), "setAPData");
     ENTRY(RaWifiInputWnd, input, clear(), "clear");
+    ENTRY(RaWifiInputWnd, input, onOkClicked(), "onOkClicked");
+    ENTRY(RaWifiInputWnd, input, onCancelClicked(), "onCancelClicked");
+    ENTRY(RaWifiInputWnd, input, pwdSelectChanged(), "pwdSelectChanged");
+    ENTRY(RaWifiInputWnd, input, recKeyboardMoveStep(true, 1), "recKeyboardMoveStep");
+    ENTRY(RaWifiInputWnd, input, setTextSlot(QString(), QString()), "setTextSlot");
+    ENTRY(RaWifiInputWnd, input, recKeyboardNumber(), "recKeyboardNumber");
+    ENTRY(RaWifiInputWnd, input, recKeyboardSymbol(), "recKeyboardSymbol");
+    ENTRY(RaWifiInputWnd, input, recKeyboardCharacter(), "recKeyboardCharacter");
+    ENTRY(RaWifiInputWnd, input, PwTxtEdited(QString()), "PwTxtEdited");
+    ENTRY(RaWifiInputWnd, input, PwTxtChanged(QString()), "PwTxtChanged");
+    ENTRY(RaWifiInputWnd, input, hideTips(), "hideTips");
 
     ENTRY(RaWifiMonitor, monitor, setTimerRun(8000), "setTimerRun");
     ENTRY(RaWifiMonitor, monitor, setConnectNunmber(2), "setConnectNunmber");
