@@ -27,7 +27,9 @@ const char* const secretFiles[] = {"/apps/config/network.conf", "/etc/wpa_suppli
                                    "/home/wifi/tmpnetwork.conf"};
 
 const char supplicantClient[] = "/usr/bin/wpa_cli"; // called by its path, unlike the other programs
-const char* const programs[] = {"wpa_supplicant", "wpa_cli", "udhcpc", "ifconfig", "route", "ping", "awk", "killall"};
+const char* const programs[] = {"wpa_supplicant", "wpa_cli", "udhcpc",  "ifconfig", "route", "ping",  "awk",
+                                "killall",        "cat",     "grep",    "head",     "ln",    "mkdir", "mv",
+                                "readlink",       "rm",      "timeout", "touch"};
 
 QString text(const char* latin1)
 {
@@ -174,6 +176,17 @@ QList<Finding> programFindings()
                                 QLatin1String("ln -s \"$(command -v wpa_cli)\" ") + text(supplicantClient));
     }
     return findings;
+}
+
+// None running is fine: the scripts start one.
+QList<Finding> supplicantFindings()
+{
+    const char subject[] = "supplicant";
+    if (shell("pidof wpa_supplicant") && !shell("timeout 3 wpa_cli -i wlan0 ping | grep -q PONG")) {
+        return {wrong(subject, QLatin1String("runs, but does not answer for wlan0"),
+                      QLatin1String("end it: the scripts start one with ctrl_interface=/var/run/wpa_supplicant"))};
+    }
+    return {fine(subject)};
 }
 
 QList<Finding> interfaceFindings()

@@ -19,6 +19,7 @@ QList<Finding> scriptFindings();
 QList<Finding> directoryFindings();
 QList<Finding> secretFileFindings();
 QList<Finding> programFindings();
+QList<Finding> supplicantFindings();
 QList<Finding> interfaceFindings();
 QList<Finding> busFindings();
 

@@ -31,7 +31,7 @@ void print(Output& output, const Finding& finding)
 int doctorCommand(Output& output, const Arguments&)
 {
     const QList<Finding> findings = scriptFindings() + directoryFindings() + secretFileFindings() + programFindings()
-                                    + interfaceFindings() + busFindings();
+                                    + supplicantFindings() + interfaceFindings() + busFindings();
     bool healthy = true;
     QJsonArray list;
     for (const Finding& finding : findings) {

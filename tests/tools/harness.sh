@@ -7,6 +7,7 @@
 scripts='calldefaultconf callwpaconf dhcp_setip getaplist getconnectstatus getfirstaplist getip getlocalmac getroute
     getwifistatus getwpastatus'
 programs='wpa_supplicant wpa_cli udhcpc ifconfig route ping killall'
+no_supplicant_runs() { printf '#!/bin/sh\nexit 1\n' >/fake/bin/pidof && chmod 755 /fake/bin/pidof; }
 store=/apps/config/network.conf
 passed=0
 failed=0
@@ -42,6 +43,7 @@ begin_test() {
         chmod 755 "/fake/bin/$name"
     done
     ln -sf /fake/bin/wpa_cli /usr/bin/wpa_cli
+    no_supplicant_runs
     answer getwpastatus OK
     answer calldefaultconf OK
     problems=

@@ -1,4 +1,4 @@
-# shellcheck shell=bash disable=SC2154
+# shellcheck shell=bash disable=SC2016,SC2154
 # SPDX-FileCopyrightText: 2026 The rawificontrol authors
 # SPDX-License-Identifier: MIT
 #
@@ -139,6 +139,28 @@ test_a_missing_program_is_found() {
         rm "/fake/bin/$name"
         expect_finding "$name" 'is not in PATH' "add $name to the image (busybox has all but those of the supplicant)"
     done
+}
+
+test_every_missing_program_is_found() {
+    PATH=/nowhere run doctor
+    expect_result 1
+    for name in $programs awk cat grep head ln mkdir mv readlink rm timeout touch; do
+        expect_in_out "PROBLEM $name is not in PATH"
+    done
+}
+
+test_a_supplicant_that_answers_is_in_order() {
+    printf '#!/bin/sh\n' >/fake/bin/pidof
+    printf '#!/bin/sh\necho PONG\n' >/fake/bin/wpa_cli
+    run doctor
+    expect_result 0
+    expect_in_out 'ok      supplicant'
+}
+
+test_a_supplicant_that_does_not_answer_is_found() {
+    printf '#!/bin/sh\n' >/fake/bin/pidof
+    expect_finding supplicant 'runs, but does not answer for wlan0' \
+        'end it: the scripts start one with ctrl_interface=/var/run/wpa_supplicant'
 }
 
 test_a_missing_interface_is_found() {
