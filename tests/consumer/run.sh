@@ -43,10 +43,17 @@ builds_host() { # builds_host PREFIX
 installs_device() { # installs_device DIRECTORY
     local source=device/scripts installed
     DESTDIR=$1 cmake --install build/qt6 --prefix /usr --component device &&
-        diff -r --exclude=share --exclude=.shellcheckrc $source "$1/usr/bin" && diff -r $source/share "$1/usr/share/rawifi" || return
+        diff -r --exclude=share --exclude=.shellcheckrc --exclude=wpa_cli $source "$1/usr/bin" && diff -r $source/share "$1/usr/share/rawifi" || return
     for installed in "$1"/usr/bin/*.sh "$1/usr/share/rawifi/udhcpc.sh"; do
         [ -x "$installed" ] || { echo "$installed is not executable"; return 1; }
     done
+    [ "$(readlink "$1/usr/bin/wpa_cli")" = ../sbin/wpa_cli ]
+}
+
+# needs NUMBER LIBRARY: the toolkit's modules that are used, and no other library.
+needs() {
+    diff <(printf '%s\n' ld-linux libQt"$1"{Core,DBus,Gui,Widgets} libc libgcc_s libnettle 'libstdc++') \
+        <(readelf -d "$2" | sed -n 's/.*NEEDED.*\[\([^.-]*\(-linux\)\{0,1\}\).*/\1/p' | LC_ALL=C sort)
 }
 
 check "device component: scripts are installed as they are" installs_device "$scratch/device"
@@ -55,6 +62,7 @@ for qt in qt6 qt5; do
     check "$qt: install" cmake --install "build/$qt" --prefix "$prefix"
     check "$qt: soname" sh -c "readelf -d '$prefix'/lib*/librawificontrol.so '$prefix'/lib*/*/librawificontrol.so \
         2>/dev/null | grep -q 'SONAME.*librawificontrol.so.1]'"
+    check "$qt: the library needs no other libraries" needs "${qt#qt}" "$(find "$prefix" -name librawificontrol.so)"
     check "$qt: CMake package configures" cmake -G Ninja -S "$here" -B "$prefix/build" -DCMAKE_PREFIX_PATH="$prefix"
     check "$qt: CMake package builds" cmake --build "$prefix/build"
     check "$qt: CMake package's program runs" "$prefix/build/consumer"

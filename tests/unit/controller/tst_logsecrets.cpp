@@ -312,7 +312,7 @@ Lines TestLogSecrets::logOf(int password, const char* variable)
                  flow.readAllStandardError().right(2000).constData());
         return Lines();
     }
-    for (const QByteArray& line : flow.readAllStandardError().split('\n')) {
+    for (const QByteArray& line : (flow.readAllStandardError() + flow.readAllStandardOutput()).split('\n')) {
         QString text = QString::fromLatin1(line);
         text.remove(QRegularExpression(QLatin1String("\\[\\d\\d:\\d\\d:\\d\\d tid:\\d+ ")));
         text.remove(QRegularExpression(QLatin1String("point =[ 0-9A-F]+--")));

@@ -257,8 +257,10 @@ void TestRaWorkerThread::aWorkerWithoutInterruptiblePointsComesToItsEnd()
     QVERIFY(atTheEnd);
 }
 
-// The C library gives the memory, and with it the id, of an ended detached thread to the next one.
-void TestRaWorkerThread::cancellingAnEndedWorkerHitsNoOtherThread()
+namespace {
+
+/** Cancels a worker that has ended, beside threads of which one may have its id. Whether one had. */
+bool cancelAnEndedWorkerBeside(int others)
 {
     pthread_t id = pthread_t();
     Work work = [&id] { id = pthread_self(); };
@@ -269,7 +271,6 @@ void TestRaWorkerThread::cancellingAnEndedWorkerHitsNoOtherThread()
     Latch cancelled;
     std::atomic<int> unharmed{0};
     std::atomic<bool> sameId{false};
-    const int others = 8;
     std::vector<std::thread> threads;
     for (int i = 0; i < others; ++i) {
         threads.emplace_back([&] {
@@ -286,10 +287,20 @@ void TestRaWorkerThread::cancellingAnEndedWorkerHitsNoOtherThread()
     for (std::thread& thread : threads) {
         thread.join();
     }
-    if (!sameId) {
-        qInfo("the id was not used again");
+    return unharmed == others && sameId;
+}
+
+} // namespace
+
+// The C library gives the memory, and with it the id, of an ended detached thread to a later one, once it is quite gone.
+void TestRaWorkerThread::cancellingAnEndedWorkerHitsNoOtherThread()
+{
+    int tries = 1;
+    while (!cancelAnEndedWorkerBeside(8) && tries < 1000) {
+        ++tries;
     }
-    QCOMPARE(unharmed.load(), others);
+    QVERIFY(tries < 1000);
+    qInfo("the id was used again at try %d", tries);
 }
 
 void TestRaWorkerThread::cancellingTwiceIsOneCancellation()

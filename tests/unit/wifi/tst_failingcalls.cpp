@@ -271,7 +271,7 @@ void TestFailingCalls::realFaults_data()
 {
     QTest::addColumn<QByteArray>("saved");
     QTest::addColumn<QByteArray>("fault");
-    for (const char* saved : {"network forgotten", "configuration"}) {
+    for (const char* saved : {"network saved", "network forgotten", "configuration"}) {
         for (const char* fault : {"disk full", "read-only", "no descriptors", "directory gone"}) {
             QTest::newRow((saved + QByteArray(", ") + fault).constData()) << QByteArray(saved) << QByteArray(fault);
         }

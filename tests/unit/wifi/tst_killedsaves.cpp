@@ -27,8 +27,7 @@ namespace {
 
 const char configFile[] = "/etc/wpa_supplicant.conf";
 const char configTemporary[] = "/etc/wpa_supplicant.conf.tmp";
-/** 10,000 take half a minute; fewer are enough for every day, and fewer still for a sanitizer's slow forks. */
-const int killsAtRandom = qEnvironmentVariableIntValue("RAWIFI_LONG") == 1 ? 10000 : repetitions(1000, 100);
+const int killsAtRandom = repetitions(10000, 100);
 
 int modeOf(const char* path)
 {
