@@ -5,7 +5,7 @@
 # run.sh [BUILD]: the documents say what is so. Every command that they show in an sh block is run, or named in
 # elsewhere.txt with the test that runs it; links, names of files and tests lead somewhere; the host of docs/embedding.md
 # compiles with the build tree BUILD (default build/qt6) and brings a saved network back; the reference of the interface
-# covers what is installed; licences, spelling and the man page are clean. Needs scripts/packages/checks.txt.
+# covers what is installed; the man pages are clean. Needs scripts/packages/checks.txt.
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
 cd "$here/../.." || exit 2
@@ -96,8 +96,6 @@ documented_headers() { # what docs/Doxyfile reads
 }
 check "docs/Doxyfile reads every header that is installed, and no other" diff <(documented_headers) <(installed_headers)
 check "the reference of the interface has no gap" scripts/doc
-check "every file tells its licence (reuse lint)" reuse lint
-check "spelling (codespell)" codespell
 for page in docs/man/*; do
     check "$page: mandoc finds nothing to say" mandoc -T lint -W warning "$page"
     check "$page: man shows it without a warning" shown_without_warning "$page"
