@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <iterator>
 #include <sys/stat.h>
 
@@ -287,7 +288,9 @@ private Q_SLOTS:
 
 private:
     Lines logOf(int password, const char* variable);
+    bool isSoInOneOfThreeTries(const std::function<bool()>& isSo);
 
+    QByteArray m_outputWithTheVariable; // a few lines, of which the workers' come as it happens
     QMap<QPair<int, QByteArray>, Lines> m_logs;
 };
 
@@ -312,13 +315,28 @@ Lines TestLogSecrets::logOf(int password, const char* variable)
                  flow.readAllStandardError().right(2000).constData());
         return Lines();
     }
-    for (const QByteArray& line : (flow.readAllStandardError() + flow.readAllStandardOutput()).split('\n')) {
+    if (qstrcmp(variable, "0") == 0) {
+        m_outputWithTheVariable += flow.readAllStandardOutput();
+    }
+    for (const QByteArray& line : flow.readAllStandardError().split('\n')) {
         QString text = QString::fromLatin1(line);
         text.remove(QRegularExpression(QLatin1String("\\[\\d\\d:\\d\\d:\\d\\d tid:\\d+ ")));
         text.remove(QRegularExpression(QLatin1String("point =[ 0-9A-F]+--")));
         lines << text.toLatin1();
     }
     return lines;
+}
+
+/** Workers may win a race in one flow and lose it in another; what a password makes of a line comes every time. */
+bool TestLogSecrets::isSoInOneOfThreeTries(const std::function<bool()>& isSo)
+{
+    for (int i = 0; i < 3; ++i) {
+        if (isSo()) {
+            return true;
+        }
+        m_logs.clear();
+    }
+    return false;
 }
 
 void TestLogSecrets::withoutTheVariablePasswordsAreLoggedAsEver_data()
@@ -356,9 +374,12 @@ void TestLogSecrets::withTheVariableNoLineHoldsAPassword()
 {
     const QByteArray log = logOf(0, "0").join('\n');
     QVERIFY2(log.contains("password = ***,sigquality = 3"), log.constData());
+    QVERIFY(!m_outputWithTheVariable.isEmpty());
     for (const QByteArray& secret : allSecrets()) {
-        QVERIFY2(!log.contains(secret), secret.constData());
-        QVERIFY2(!log.contains(secret.toHex()), secret.constData());
+        for (const QByteArray& text : {log, m_outputWithTheVariable}) {
+            QVERIFY2(!text.contains(secret), secret.constData());
+            QVERIFY2(!text.contains(secret.toHex()), secret.constData());
+        }
     }
     QVERIFY(log.count(typedCharacter) > int(qstrlen(passwords[0])));
     QCOMPARE(log.count(QByteArray(typedCharacter) + "***,objName = pwdLineEdit"), log.count(typedCharacter));
@@ -368,24 +389,24 @@ void TestLogSecrets::withTheVariableNoLineHoldsAPassword()
 // Then no character, and nothing about one, can be got out of it.
 void TestLogSecrets::withTheVariableTheLogIsTheSameWhateverIsTyped()
 {
-    const Lines one = logOf(0, "0");
-    const Lines other = logOf(1, "0");
-    QVERIFY(aboutTyping(one).size() > int(qstrlen(passwords[0])));
-    QVERIFY(areSame(aboutTyping(one), aboutTyping(other)));
-    QVERIFY(areSame(notAboutTyping(one), notAboutTyping(other)));
+    QVERIFY(aboutTyping(logOf(0, "0")).size() > int(qstrlen(passwords[0])));
+    QVERIFY(areSame(aboutTyping(logOf(0, "0")), aboutTyping(logOf(1, "0"))));
+    QVERIFY(isSoInOneOfThreeTries(
+        [this] { return areSame(notAboutTyping(logOf(0, "0")), notAboutTyping(logOf(1, "0"))); }));
 }
 
 void TestLogSecrets::withTheVariableEveryOtherLineIsAsBefore()
 {
-    Lines open;
-    for (QByteArray line : logOf(0, nullptr)) {
-        for (const QByteArray& secret : allSecrets()) {
-            line.replace(secret, "***");
+    QVERIFY(isSoInOneOfThreeTries([this] {
+        Lines open;
+        for (QByteArray line : logOf(0, nullptr)) {
+            for (const QByteArray& secret : allSecrets()) {
+                line.replace(secret, "***");
+            }
+            open << line.replace("psk =  ", "psk = *** "); // of a record without one
         }
-        open << line.replace("psk =  ", "psk = *** "); // of a record without one
-    }
-    QVERIFY(notAboutTyping(open).size() > 100);
-    QVERIFY(areSame(notAboutTyping(open), notAboutTyping(logOf(0, "0"))));
+        return notAboutTyping(open).size() > 100 && areSame(notAboutTyping(open), notAboutTyping(logOf(0, "0")));
+    }));
 }
 
 void TestLogSecrets::noPasswordIsInAnArgument()
