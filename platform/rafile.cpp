@@ -8,6 +8,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -38,6 +39,42 @@ bool failed(const char* what, const char* path, int error)
 bool isOnDisk(std::FILE* file, const void* bytes, std::size_t size)
 {
     return std::fwrite(bytes, 1, size, file) == size && std::fflush(file) == 0 && fsync(fileno(file)) == 0;
+}
+
+bool isWhatStandsAt(const char* path, int descriptor)
+{
+    struct stat own;
+    struct stat there;
+    return fstat(descriptor, &own) == 0 && lstat(path, &there) == 0 && there.st_dev == own.st_dev
+           && there.st_ino == own.st_ino;
+}
+
+/**
+ * The temporary file, empty and locked: whoever else replaces the same file, in this process or another, waits until
+ * this one has taken its place or is gone. On a file system without locks it is as if there were nobody else.
+ */
+RaFile lockedTemporary(const char* path)
+{
+    const int attempts = 10000; // each lost to another replacement
+    for (int i = 0; i < attempts; ++i) {
+        raClearForWriting(path);
+        const int descriptor = open(path, O_WRONLY | O_CREAT | safeFlags, 0600);
+        if (descriptor == -1) {
+            return RaFile();
+        }
+        flock(descriptor, LOCK_EX);
+        if (isWhatStandsAt(path, descriptor)) {
+            RaFile file = streamOf(descriptor, "w");
+            if (!file || fchmod(descriptor, 0600) == -1 || ftruncate(descriptor, 0) == -1) {
+                unlink(path);
+                file.reset();
+            }
+            return file;
+        }
+        close(descriptor);
+    }
+    errno = EAGAIN;
+    return RaFile();
 }
 
 bool flushDirectoryOf(const std::string& path)
@@ -95,17 +132,17 @@ bool raReplaceFile(const char* path, const void* bytes, std::size_t size)
 
 RaReplacement::RaReplacement(const char* path, const void* bytes, std::size_t size)
     : m_path(path),
-      m_temporary(m_path + ".tmp")
+      m_temporary(m_path + ".tmp"),
+      m_file(lockedTemporary(m_temporary.c_str()))
 {
-    const RaFile file = raCreateAnew(m_temporary.c_str());
-    if (!file || !isOnDisk(file.get(), bytes, size)) {
+    if (!m_file || !isOnDisk(m_file.get(), bytes, size)) {
         m_error = errno != 0 ? errno : EIO;
     }
 }
 
 RaReplacement::~RaReplacement()
 {
-    if (!m_isInPlace) {
+    if (m_file && !m_isInPlace) {
         unlink(m_temporary.c_str());
     }
 }

@@ -10,6 +10,8 @@
 #include <QtTest>
 #include <functional>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -58,6 +60,8 @@ private Q_SLOTS:
     void aReplacedFileHasTheNewContentAndItsOwnersModeOnly();
     void aPlantedTemporaryFileIsNotWrittenTo_data();
     void aPlantedTemporaryFileIsNotWrittenTo();
+    void aTemporaryFileLeftBehindIsFilledAnew();
+    void processesReplaceAFileInTurn();
     void aFileThatCannotBeReplacedStaysWithOneLogLine_data();
     void aFileThatCannotBeReplacedStaysWithOneLogLine();
 
@@ -204,6 +208,51 @@ void TestRaFile::aPlantedTemporaryFileIsNotWrittenTo()
     QVERIFY(replace("new"));
     QCOMPARE(fakesystem::readFile(path), QByteArray("new"));
     QVERIFY(m_hostile.isUntouched());
+}
+
+void TestRaFile::aTemporaryFileLeftBehindIsFilledAnew()
+{
+    fakesystem::writeFile(temporary, "half of a longer one");
+    QCOMPARE(chmod(temporary, 0644), 0);
+    QVERIFY(replace("new"));
+    QCOMPARE(fakesystem::readFile(path), QByteArray("new"));
+    QCOMPARE(modeOf(path), 0600);
+    QVERIFY(!fakesystem::exists(temporary));
+}
+
+void TestRaFile::processesReplaceAFileInTurn()
+{
+    const int replacements = 1000;
+    const QList<QByteArray> contents = QList<QByteArray>() << QByteArray(5000, 'a') << QByteArray(20000, 'b');
+    fakesystem::writeFile(path, contents.first());
+    QList<pid_t> children;
+    for (const QByteArray& content : contents) {
+        const pid_t child = fork();
+        if (child == 0) {
+            int failures = 0;
+            for (int i = 0; i < replacements; ++i) {
+                failures += replace(content) ? 0 : 1;
+            }
+            _exit(failures == 0 ? 0 : 1);
+        }
+        children << child;
+    }
+    int seen = 0;
+    int torn = 0;
+    int failed = 0;
+    while (!children.isEmpty()) {
+        torn += contents.contains(fakesystem::readFile(path)) ? 0 : 1;
+        ++seen;
+        int status = 0;
+        if (waitpid(children.first(), &status, WNOHANG) == children.first()) {
+            failed += status == 0 ? 0 : 1;
+            children.removeFirst();
+        }
+    }
+    QVERIFY(seen > 2);
+    QCOMPARE(torn, 0);
+    QCOMPARE(failed, 0);
+    QVERIFY(!fakesystem::exists(temporary));
 }
 
 void TestRaFile::aFileThatCannotBeReplacedStaysWithOneLogLine_data()

@@ -60,7 +60,7 @@ bool isFileCall(const tracedchild::SystemCall& call)
         SYS_open,   SYS_rename,    SYS_unlink,    SYS_mkdir,     SYS_stat,       SYS_lstat, SYS_chmod,
 #endif
         SYS_openat, SYS_renameat2, SYS_unlinkat,  SYS_mkdirat,   SYS_newfstatat, SYS_fstat, SYS_fchmod, SYS_write,
-        SYS_writev, SYS_fsync,     SYS_fdatasync, SYS_ftruncate, SYS_fcntl,      SYS_lseek, SYS_close};
+        SYS_writev, SYS_fsync,     SYS_fdatasync, SYS_ftruncate, SYS_fcntl,      SYS_lseek, SYS_close,  SYS_flock};
     for (const long number : numbers) {
         if (call.number == number) {
             return !isWrite(call) || call.words[0] > STDERR_FILENO;
