@@ -31,6 +31,12 @@ QByteArray meaning(const QByteArray& value)
                                                                              : QByteArray::fromHex(value);
 }
 
+/** What stands as it is reads as this. */
+QByteArray plain(const QByteArray& value)
+{
+    return effective("x=" + value).mid(2);
+}
+
 /** The settings of the file as it stands now, in the order of its lines. */
 class Settings
 {
@@ -83,12 +89,20 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
         require(settings.areOneNetworkOf(name) && keys.size() == 1);
         // From 64 bytes on it is taken for a key and stands as it is, else as a text or, where that could not be read
         // back, as the 64 digits of its key.
-        require(secret.size() >= 64
-                || (keys.first().startsWith('"') ? meaning(keys.first()) == secret : keys.first().size() == 64));
+        const QByteArray& key = keys.first();
+        require(secret.size() >= 64   ? key == plain(secret)
+                : key.startsWith('"') ? meaning(key) == secret
+                                      : key.size() == 64);
     }
     std::remove(configFile);
-    if (service.changeWpaConfigfile2(name.constData(), secret.constData(), static_cast<int>(size % 4)) == 0) {
-        require(Settings().areOneNetworkOf(name));
+    const int keyIndex = static_cast<int>(size % 4);
+    if (service.changeWpaConfigfile2(name.constData(), secret.constData(), keyIndex) == 0) {
+        const Settings settings;
+        const QList<QByteArray> keys = settings.valuesOf("wep_key" + QByteArray::number(keyIndex));
+        require(settings.areOneNetworkOf(name) && keys.size() == 1);
+        // A text has as many bytes as a key; all else is taken for its digits and stands as it is.
+        const bool isText = secret.size() == 5 || secret.size() == 13 || secret.size() == 16;
+        require(isText ? meaning(keys.first()) == secret : keys.first() == plain(secret));
     }
     std::remove(configFile);
     if (service.changeWpaConfigfile3(name.constData(), secret.constData()) == 0) {
