@@ -7,17 +7,30 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <cstddef>
 #include <limits>
-#include <malloc.h>
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // their heap is one of their own
+#else
+#    include <malloc.h>
+#endif
 
 /** Less than the smallest object for each of the 1000 times; the toolkit's caches come and go below it. */
-const long HeapNoise = 48 * 1024;
+const long HeapNoise = 48 * 1000;
+
+inline long heapInUse()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    return static_cast<long>(__sanitizer_get_current_allocated_bytes());
+#else
+    return static_cast<long>(mallinfo2().uordblks);
+#endif
+}
 
 /**
  * By how many bytes the heap grows while \a work runs 1000 times, after 50 times for what is kept for good. What
  * other threads take counts only in one arena without caches: GLIBC_TUNABLES=glibc.malloc.arena_max=1 and
- * glibc.malloc.tcache_count=0. A sanitizer has a heap of its own: 0 then, and the leak sanitizer judges when the process
- * ends.
+ * glibc.malloc.tcache_count=0.
  */
 template<typename Work>
 long heapGrowth(Work work)
@@ -28,22 +41,17 @@ long heapGrowth(Work work)
             QCoreApplication::processEvents();
         }
     };
-    long growth = 0;
+    long growth = std::numeric_limits<long>::max();
     capturedOutput(stderr, [&] {
         repeat(50);
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-        repeat(1000);
-#else
-        growth = std::numeric_limits<long>::max();
         for (int round = 0; round < 3; ++round) { // a cache of the toolkit grows now and then, a leak every time
-            const size_t before = mallinfo2().uordblks;
+            const long before = heapInUse();
             repeat(1000);
-            growth = std::min(growth, static_cast<long>(mallinfo2().uordblks) - static_cast<long>(before));
+            growth = std::min(growth, heapInUse() - before);
             if (growth < HeapNoise) {
                 break;
             }
         }
-#endif
     });
     return growth;
 }
