@@ -33,8 +33,8 @@ power_on sh -c 'for checks; do "$checks"; done' sh \
 # and 1 s after the default route.
 awk '$1 == "time" {
     waits = 3020
-    printf "join: default route after %d ms, %.2f of its fixed waits of %d ms (limit 1.15)\n", $4 - 1000, ($4 - 1000) / waits, waits
-    printf "join: \"Successful connection\" after %d ms, %.2f of its fixed waits of %d ms (limit 1.15)\n", $4, $4 / (waits + 1000), waits + 1000
+    printf "join: default route after %d ms, %.2f of its fixed waits of %d ms (1.15 allowed when quiet)\n", $4 - 1000, ($4 - 1000) / waits, waits
+    printf "join: \"Successful connection\" after %d ms, %.2f of its fixed waits of %d ms (1.15 allowed when quiet)\n", $4, $4 / (waits + 1000), waits + 1000
     printf "join: for comparison, a bare supplicant and DHCP client need 4430 ms, 740 ms when told the channel\n"
 }' "$log"
 

@@ -22,7 +22,13 @@ wanted() { # wanted HANDLE
         "$(kind_of "$1")" "$(ap_field "$1" level)" "$(locked_of "$1")" "$(shown_hex "$1")"
 }
 
-check "the scan ends well" sh -c 'rawifictl --json scan >/tmp/scan.json'
+# The radio passes quickly over a channel; while the host is busy, an access point may answer too late for that.
+for _ in 1 2 3; do
+    rawifictl --json scan >/tmp/scan.json
+    scanned=$?
+    [ "$(grep -c '^{' /tmp/scan.json)" -lt "$(handles | wc -l)" ] || break
+done
+check "the scan ends well" same 0 "$scanned"
 for handle in $(handles); do
     check "the scan shows $handle with its kind, level, lock and name" same "$(wanted "$handle")" "$(listed "$handle")"
 done
@@ -93,8 +99,11 @@ ap-on chinese
 
 join home &
 joining=$!
-sleep 2.3
-killall wpa_supplicant
+sleep 2 # the one before is being stopped
+while kill -0 "$joining" 2>/dev/null; do
+    killall -q wpa_supplicant
+    sleep 0.1
+done
 wait "$joining"
 check "supplicant killed: not joined" same 1 $?
 check "supplicant killed: the messages" same "$(failed_messages -2 "$busy")" "$(cat /tmp/messages)"
