@@ -62,7 +62,8 @@ RaFile lockedTemporary(const char* path)
         if (descriptor == -1) {
             return RaFile();
         }
-        flock(descriptor, LOCK_EX);
+        while (flock(descriptor, LOCK_EX) == -1 && errno == EINTR) { // a signal of the host's
+        }
         if (isWhatStandsAt(path, descriptor)) {
             RaFile file = streamOf(descriptor, "w");
             if (!file || fchmod(descriptor, 0600) == -1 || ftruncate(descriptor, 0) == -1) {
