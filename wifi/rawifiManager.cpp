@@ -57,6 +57,7 @@ RaWifiManager::RaWifiManager(QWidget* parent)
 
 RaWifiManager::~RaWifiManager()
 {
+    raAssertOwnThread(this);
     // A worker that waits for this thread is answered, so that this thread can wait for the worker.
     m_gui->close();
     managerworker::cancelAndWait();

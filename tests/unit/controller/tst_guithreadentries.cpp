@@ -210,6 +210,7 @@ void TestGuiThreadEntries::anotherThreadGetsNoFurtherThanTheEntry_data()
     ENTRY(RaWifiMonitor, monitor, recCheckAPConnect(QString(), 1), "recCheckAPConnect");
     ENTRY(RaWifiMonitor, monitor, timeout(), "timeout");
 
+    ENTRY(RaWifiManager, manager, close(), "close");
     ENTRY(RaWifiManager, manager, recAPSwitch(true), "recAPSwitch");
     ENTRY(RaWifiManager, manager, closeWifi(), "closeWifi");
     ENTRY(RaWifiManager, manager, connectCertainAP(), "connectCertainAP");
