@@ -17,7 +17,7 @@ namespace {
 const char busPath[] = "/QCop";
 const char busInterface[] = "org.rawificontrol.QCop";
 const char busSignal[] = "message";
-const int busNameLimit = 255; // D-Bus specification, "Valid Names"
+const int busNameLimit = 255; // D-Bus, "Valid Names"
 
 bool hasWildcard(const QString& channel)
 {

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <string>
 #include <sys/file.h>
@@ -41,36 +42,53 @@ bool isOnDisk(std::FILE* file, const void* bytes, std::size_t size)
     return std::fwrite(bytes, 1, size, file) == size && std::fflush(file) == 0 && fsync(fileno(file)) == 0;
 }
 
-bool isWhatStandsAt(const char* path, int descriptor)
+enum class Standing { Own, Another, Unknown };
+
+/** Whether the open file is what stands at \a path. */
+Standing standingAt(const char* path, int descriptor)
 {
     struct stat own;
     struct stat there;
-    return fstat(descriptor, &own) == 0 && lstat(path, &there) == 0 && there.st_dev == own.st_dev
-           && there.st_ino == own.st_ino;
+    if (fstat(descriptor, &own) == -1 || lstat(path, &there) == -1) {
+        return Standing::Unknown;
+    }
+    return there.st_dev == own.st_dev && there.st_ino == own.st_ino ? Standing::Own : Standing::Another;
+}
+
+bool isAnothers(int descriptor)
+{
+    return flock(descriptor, LOCK_EX | LOCK_NB) == -1 && (errno == EWOULDBLOCK || errno == EINTR);
 }
 
 /**
- * The temporary file, empty and locked: whoever else replaces the same file, in this process or another, waits until
- * this one has taken its place or is gone. On a file system without locks it is as if there were nobody else.
+ * A temporary file of this process's own, locked: whoever else replaces the same file, in this process or another, waits
+ * until this one has taken its place or is gone. On a file system without locks it is as if there were nobody else.
  */
 RaFile lockedTemporary(const char* path)
 {
-    const int attempts = 10000; // each lost to another replacement
-    for (int i = 0; i < attempts; ++i) {
+    const int tries = 5000; // a millisecond apart while another one is at work
+    for (int i = 0; i < tries; ++i) {
         raClearForWriting(path);
-        const int descriptor = open(path, O_WRONLY | O_CREAT | safeFlags, 0600);
+        int descriptor = open(path, O_WRONLY | O_CREAT | O_EXCL | safeFlags, 0600);
+        const bool isNew = descriptor != -1;
+        if (!isNew && errno == EEXIST) {
+            descriptor = open(path, O_WRONLY | safeFlags);
+            if (descriptor == -1 && errno == ENOENT) {
+                continue; // it has taken its place
+            }
+        }
         if (descriptor == -1) {
             return RaFile();
         }
-        while (flock(descriptor, LOCK_EX) == -1 && errno == EINTR) { // a signal of the host's
-        }
-        if (isWhatStandsAt(path, descriptor)) {
-            RaFile file = streamOf(descriptor, "w");
-            if (!file || fchmod(descriptor, 0600) == -1 || ftruncate(descriptor, 0) == -1) {
-                unlink(path);
-                file.reset();
+        if (isAnothers(descriptor)) {
+            const timespec millisecond = {0, 1000000L};
+            nanosleep(&millisecond, nullptr); // not to be cancelled, since this is a save
+        } else if (standingAt(path, descriptor) == Standing::Own) {
+            RaFile file(isNew ? fdopen(descriptor, "w") : nullptr);
+            if (file) {
+                return file;
             }
-            return file;
+            unlink(path); // left by one that was killed
         }
         close(descriptor);
     }
@@ -109,8 +127,16 @@ RaFile raOpenForAppending(const char* path)
 
 RaFile raCreateAnew(const char* path)
 {
-    unlink(path);
-    return streamOf(open(path, O_WRONLY | O_CREAT | O_EXCL | safeFlags, 0600), "w");
+    const int tries = 100; // another process may do the same
+    int descriptor = -1;
+    for (int i = 0; i < tries && descriptor == -1; ++i) {
+        unlink(path);
+        descriptor = open(path, O_WRONLY | O_CREAT | O_EXCL | safeFlags, 0600);
+        if (descriptor == -1 && errno != EEXIST) {
+            break;
+        }
+    }
+    return streamOf(descriptor, "w");
 }
 
 void raClearForWriting(const char* path)
@@ -143,17 +169,19 @@ RaReplacement::RaReplacement(const char* path, const void* bytes, std::size_t si
 
 RaReplacement::~RaReplacement()
 {
-    if (m_file && !m_isInPlace) {
+    if (m_file && standingAt(m_temporary.c_str(), fileno(m_file.get())) == Standing::Own) {
         unlink(m_temporary.c_str());
     }
 }
 
 int RaReplacement::complete()
 {
+    if (standingAt(m_temporary.c_str(), fileno(m_file.get())) == Standing::Another) {
+        return EAGAIN; // the own one was taken away meanwhile, and this may be half of another
+    }
     if (std::rename(m_temporary.c_str(), m_path.c_str()) == -1) {
         return errno;
     }
-    m_isInPlace = true;
     if (!flushDirectoryOf(m_path)) {
         failed("cannot flush the directory of", m_path.c_str(), errno); // in place; only its durability is in doubt
     }

@@ -38,7 +38,7 @@ void raClearForWriting(const char* path);
 /**
  * Replaces a file's content so that it holds either the old or the new bytes, whatever happens: temporary file
  * in the same directory (the path and ".tmp"), mode 0600, locked (flock(2)), write, fsync, rename, fsync of the
- * directory. Of two processes at once one waits for the other.
+ * directory. Of two processes at once one waits for the other, five seconds at most.
  * Returns false with the old file untouched and one log line that says what failed.
  */
 bool raReplaceFile(const char* path, const void* bytes, std::size_t size);
@@ -67,7 +67,6 @@ private:
     const std::string m_temporary;
     const RaFile m_file; // open, since its lock goes with it
     int m_error = 0;
-    bool m_isInPlace = false;
 };
 
 /**

@@ -27,14 +27,29 @@ QList<APData> recordsOf(RaWifiData& store)
     return records;
 }
 
-bool isSaved(const QList<APData>& records, const APData& wanted)
+bool isSame(const APData& one, const APData& other)
 {
-    for (const APData& record : records) {
-        if (std::strcmp(record.macAddr, wanted.macAddr) == 0) {
-            return true;
+    return std::strcmp(one.macAddr, other.macAddr) == 0 && std::strcmp(one.essid, other.essid) == 0
+           && std::strcmp(one.psk, other.psk) == 0 && std::strcmp(one.key_mgmt, other.key_mgmt) == 0
+           && one.encry[0] == other.encry[0] && one.encry[1] == other.encry[1] && one.is_encry == other.is_encry
+           && one.sigquality == other.sigquality && one.authMode == other.authMode && one.keyIndex == other.keyIndex;
+}
+
+/** In front, in place of the first of its address, with the oldest dropped where there are more than are kept. */
+QList<APData> withNew(QList<APData> records, const APData& added)
+{
+    for (int i = 0; i < records.size(); ++i) {
+        if (std::strcmp(records.at(i).macAddr, added.macAddr) == 0) {
+            records.removeAt(i);
+            break;
         }
     }
-    return false;
+    records.prepend(added);
+    const int capacity = 15;
+    if (records.size() > capacity) {
+        records.removeLast();
+    }
+    return records;
 }
 
 } // namespace
@@ -53,12 +68,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
     RaWifiData again;
     require(again.loadData() == 0);
     const QList<APData> after = recordsOf(again);
-    require(isSaved(after, added));
-    const int capacity = 15;
-    int dropped = 0;
-    for (const APData& record : before) {
-        dropped += record.macAddr[0] != '\0' && !isSaved(after, record) ? 1 : 0;
+    const QList<APData> expected = withNew(before, added);
+    require(after.size() == expected.size());
+    for (int i = 0; i < after.size(); ++i) {
+        require(isSame(after.at(i), expected.at(i)));
     }
-    require(dropped <= (before.size() < capacity ? 0 : 1)); // the oldest, to make room
     return 0;
 }

@@ -90,7 +90,7 @@ dhcp-on emoji
 
 join chinese &
 joining=$!
-sleep 2.3 # the supplicant is being started, the DHCP stage comes next
+sleep 2 # the one before is being stopped, and nothing can be joined yet
 ap-off --silent chinese
 wait "$joining"
 check "access point gone: not joined" same 1 $?

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QtTest>
 #include <functional>
+#include <poll.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -60,8 +61,10 @@ private Q_SLOTS:
     void aReplacedFileHasTheNewContentAndItsOwnersModeOnly();
     void aPlantedTemporaryFileIsNotWrittenTo_data();
     void aPlantedTemporaryFileIsNotWrittenTo();
-    void aTemporaryFileLeftBehindIsFilledAnew();
+    void aTemporaryFileLeftBehindIsInNobodysWay();
     void processesReplaceAFileInTurn();
+    void aReplacementWaitsForTheOneBeforeItButNotForEver();
+    void onlyTheOwnTemporaryFileTakesThePlace();
     void aFileThatCannotBeReplacedStaysWithOneLogLine_data();
     void aFileThatCannotBeReplacedStaysWithOneLogLine();
 
@@ -210,7 +213,7 @@ void TestRaFile::aPlantedTemporaryFileIsNotWrittenTo()
     QVERIFY(m_hostile.isUntouched());
 }
 
-void TestRaFile::aTemporaryFileLeftBehindIsFilledAnew()
+void TestRaFile::aTemporaryFileLeftBehindIsInNobodysWay()
 {
     fakesystem::writeFile(temporary, "half of a longer one");
     QCOMPARE(chmod(temporary, 0644), 0);
@@ -222,37 +225,70 @@ void TestRaFile::aTemporaryFileLeftBehindIsFilledAnew()
 
 void TestRaFile::processesReplaceAFileInTurn()
 {
-    const int replacements = 1000;
+    const int looks = 1000;
+    const int replacementsAtLeast = 100;
+    const char* const enough = "/home/wifi/enough";
     const QList<QByteArray> contents = QList<QByteArray>() << QByteArray(5000, 'a') << QByteArray(20000, 'b');
     fakesystem::writeFile(path, contents.first());
     QList<pid_t> children;
     for (const QByteArray& content : contents) {
         const pid_t child = fork();
         if (child == 0) {
+            fakesystem::onSleep([](int milliseconds) { poll(nullptr, 0, milliseconds); });
             int failures = 0;
-            for (int i = 0; i < replacements; ++i) {
+            for (int i = 0; i < replacementsAtLeast || !fakesystem::exists(enough); ++i) {
                 failures += replace(content) ? 0 : 1;
             }
             _exit(failures == 0 ? 0 : 1);
         }
         children << child;
     }
-    int seen = 0;
     int torn = 0;
-    int failed = 0;
-    while (!children.isEmpty()) {
+    for (int i = 0; i < looks; ++i) {
         torn += contents.contains(fakesystem::readFile(path)) ? 0 : 1;
-        ++seen;
-        int status = 0;
-        if (waitpid(children.first(), &status, WNOHANG) == children.first()) {
-            failed += status == 0 ? 0 : 1;
-            children.removeFirst();
-        }
     }
-    QVERIFY(seen > 2);
+    fakesystem::writeFile(enough, "");
+    int failed = 0;
+    for (const pid_t child : children) {
+        int status = 0;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        failed += status == 0 ? 0 : 1;
+    }
     QCOMPARE(torn, 0);
     QCOMPARE(failed, 0);
     QVERIFY(!fakesystem::exists(temporary));
+    qInfo("%d looks at a file that two processes replace: always whole", looks);
+}
+
+void TestRaFile::aReplacementWaitsForTheOneBeforeItButNotForEver()
+{
+    fakesystem::writeFile(path, "old");
+    {
+        RaReplacement first(path, "1", 1);
+        QCOMPARE(first.error(), 0);
+        const QList<QByteArray> logged = loggedMessages([] { QVERIFY(!replace("2")); });
+        QCOMPARE(static_cast<int>(logged.size()), 1);
+        QCOMPARE(static_cast<int>(fakesystem::sleeps().size()), 5000);
+        QCOMPARE(fakesystem::sleeps().count(1), fakesystem::sleeps().size());
+        QCOMPARE(fakesystem::readFile(path), QByteArray("old"));
+        QCOMPARE(first.complete(), 0);
+    }
+    QCOMPARE(fakesystem::readFile(path), QByteArray("1"));
+    QVERIFY(replace("2"));
+    QCOMPARE(fakesystem::readFile(path), QByteArray("2"));
+}
+
+void TestRaFile::onlyTheOwnTemporaryFileTakesThePlace()
+{
+    fakesystem::writeFile(path, "old");
+    {
+        RaReplacement replacement(path, "new", 3);
+        QCOMPARE(replacement.error(), 0);
+        fakesystem::runForReal("rm /home/wifi/file.txt.tmp; echo -n half >/home/wifi/file.txt.tmp");
+        QCOMPARE(replacement.complete(), EAGAIN);
+    }
+    QCOMPARE(fakesystem::readFile(path), QByteArray("old"));
+    QCOMPARE(fakesystem::readFile(temporary), QByteArray("half"));
 }
 
 void TestRaFile::aFileThatCannotBeReplacedStaysWithOneLogLine_data()

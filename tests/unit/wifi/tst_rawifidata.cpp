@@ -12,9 +12,11 @@
 #include <cstdio>
 #include <cstring>
 #include <dlfcn.h>
+#include <poll.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -146,6 +148,7 @@ private Q_SLOTS:
     void networksOfAnUnreadFileAreKept();
     void aSaveIsFlushed();
     void storeSurvivesARestart();
+    void processesThatSaveAtOnceAllSucceed();
 };
 
 void TestRaWifiData::init()
@@ -559,6 +562,40 @@ void TestRaWifiData::storeSurvivesARestart()
     QCOMPARE(again.loadData(), 0);
     QCOMPARE(names(again), (QList<QByteArray>() << "network 2"
                                                 << "network 1"));
+}
+
+void TestRaWifiData::processesThatSaveAtOnceAllSucceed()
+{
+    const int savesEach = 300;
+    const int processes = 3;
+    int failed = 0;
+    capturedOutput(stderr, [&] {
+        QList<pid_t> children;
+        for (int process = 0; process < processes; ++process) {
+            const pid_t child = fork();
+            if (child == 0) {
+                fakesystem::onSleep([](int milliseconds) { poll(nullptr, 0, milliseconds); });
+                int failures = 0;
+                RaWifiData store;
+                save(store, process);
+                for (int i = 0; i < savesEach; ++i) {
+                    failures += store.writeData() == 1 ? 1 : 0;
+                }
+                _exit(failures == 0 ? 0 : 1);
+            }
+            children << child;
+        }
+        for (const pid_t child : children) {
+            int status = -1;
+            waitpid(child, &status, 0);
+            failed += status == 0 ? 0 : 1;
+        }
+    });
+    QCOMPARE(failed, 0);
+    RaWifiData store;
+    QCOMPARE(store.loadData(), 0);
+    QCOMPARE(store.getDataCount(), 1); // the last one's list
+    qInfo("%d saves of %d processes at once", processes * savesEach, processes);
 }
 
 QTEST_APPLESS_MAIN(TestRaWifiData)
