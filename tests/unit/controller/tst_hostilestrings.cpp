@@ -272,7 +272,8 @@ void TestHostileStrings::joiningRunsTheSameCommandsWhateverTheName()
     }
     const auto strangeFiles = [] {
         QStringList files = QDir(QLatin1String("/home/wifi")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-        for (const char* file : {"curmac.txt", "ipinfo.txt", "linkap.txt", "signal.txt", "tmpnetwork.conf", "temp.txt"}) {
+        for (const char* file :
+             {"curmac.txt", "ipinfo.txt", "linkap.txt", "signal.txt", "tmpnetwork.conf", "temp.txt"}) {
             files.removeAll(QLatin1String(file));
         }
         return files;
