@@ -99,6 +99,19 @@ inline int joinOnAWorker(RaWifiService& service, const Request& request)
     return result;
 }
 
+/** As joinOnAWorker(), until the DHCP stage is over, too, whatever it found: it uses the same files as other scripts. */
+inline int joinToTheEnd(RaWifiService& service, const Request& request)
+{
+    const auto threads = [] { return QDir(QLatin1String("/proc/self/task")).entryList(QDir::Dirs).size(); };
+    const auto before = threads();
+    const int result = joinOnAWorker(service, request);
+    while (threads() > before) {
+        QCoreApplication::processEvents();
+        std::this_thread::yield();
+    }
+    return result;
+}
+
 inline QByteArray bar(const QList<QByteArray>& parts)
 {
     return parts.join('|');

@@ -117,7 +117,7 @@ void TestClockSetBack::scanJoinAndPollsGoOn()
     service.loadAPList();
     const int networks = service.getwifilistcount();
     setAgeOfFiles(static_cast<time_t>(filesFrom));
-    const int joined = joining::joinOnAWorker(service, joining::Request());
+    const int joined = joining::joinToTheEnd(service, joining::Request());
 
     // The watchdog counts from power-on: it expires when it is due.
     QTimer* const watchdog = joining::watchdogOf(service);
@@ -129,9 +129,7 @@ void TestClockSetBack::scanJoinAndPollsGoOn()
     monitor.recCheckAPConnect(joining::Request().mac, 3);
     monitor.setTimerRun(0);
     monitor.setWifiConnectStatus(2, 1);
-    while (confirmed.count() < 2) {
-        QCoreApplication::processEvents();
-    }
+    QTRY_VERIFY(confirmed.count() >= 2);
     const int looks = g_looks;
     g_start = 0;
 

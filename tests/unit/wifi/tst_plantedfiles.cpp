@@ -45,19 +45,6 @@ void answer(const char* script, const char* path, const QByteArray& bytes)
     fakesystem::answer(script, [path, bytes] { answerTo(path, bytes); });
 }
 
-/** A join whose DHCP stage has come to its end, too, whatever it found. */
-int joinToTheEnd(RaWifiService& service)
-{
-    const auto threads = [] { return QDir(QLatin1String("/proc/self/task")).entryList(QDir::Dirs).size(); };
-    const auto before = threads();
-    const int result = joining::joinOnAWorker(service, joining::Request());
-    while (threads() > before) {
-        QCoreApplication::processEvents();
-        std::this_thread::yield();
-    }
-    return result;
-}
-
 } // namespace
 
 class TestPlantedFiles : public QObject
@@ -118,7 +105,7 @@ void TestPlantedFiles::eachKindAtEachPath()
     const std::pair<const char*, std::function<void()>> steps[] = {
         {"own address", [&] { service.getLocalMACaddress(text); }},
         {"scan", [&] { service.getAPListByScan(); }},
-        {"join", [&] { joinToTheEnd(service); }},
+        {"join", [&] { joining::joinToTheEnd(service, joining::Request()); }},
         {"route", [&] { service.setRoute(text); }},
         {"status", [&] { getAPInfo(&ap); }},
         {"poll", [&] { monitor.getAPStatus(); }},
@@ -137,7 +124,7 @@ void TestPlantedFiles::eachKindAtEachPath()
 
     hostile.reset();
     int result = -1;
-    capturedOutput(stdout, [&] { result = joinToTheEnd(service); });
+    capturedOutput(stdout, [&] { result = joining::joinToTheEnd(service, joining::Request()); });
     QCOMPARE(result, 0);
     QVERIFY(fakesystem::readFile(joining::store).contains("00:1a:2b:3c:4d:5e"));
     QVERIFY(fakesystem::readFile(joining::config).contains("ssid=\"Home\""));
