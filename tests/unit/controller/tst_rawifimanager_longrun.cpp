@@ -26,9 +26,10 @@ QList<APData> air()
     return QList<APData>() << openNetwork << lockedNetwork;
 }
 
-/** What a process may lose piece by piece, besides memory. */
+/** What a process may lose piece by piece, besides memory, once its workers have ended. */
 QByteArray held()
 {
+    waitForWorkers();
     return QByteArray::number(processusage::descriptorCount()) + " descriptors, "
            + QByteArray::number(processusage::threads().size()) + " threads, "
            + QByteArray::number(processusage::childCount()) + " children";
