@@ -71,6 +71,10 @@ check_scan() {
     stop_supplicant
 }
 
+hears() { # HANDLE: in a scan of its own, without the supplicant
+    iw dev wlan0 scan flush | grep -q "^BSS $(ap_field "$1" bssid)"
+}
+
 derived_key() { # HANDLE PASSPHRASE: in the form that needs no quoting
     name=$(printf '%b' "$(ap_field "$1" ssid | sed 's/../\\x&/g')")
     wpa_passphrase "$name" "$2" | sed -n 's/^[[:blank:]]psk=//p'
@@ -134,6 +138,11 @@ check_faults() {
     check "access point gone silently: it forgets the device" wait_until 5 not ap-joined home
     ap-on home
     stop_supplicant
+
+    ap-off workshop
+    check "access point on the same radio off: it is not heard" not hears workshop
+    ap-on workshop
+    check "access point on the same radio on again: it is heard" wait_until 10 hears workshop
 }
 
 ifconfig wlan0 up
