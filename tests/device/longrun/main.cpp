@@ -33,20 +33,27 @@ void waitForWorkers()
     loop.exec();
 }
 
-/** What the page would ask for; a network that the scan has not found has no name. */
-APData chosen(const char* bssid, const char* password)
+const APData* inTheList(const char* bssid)
 {
     for (const APData* found : APDataArray) {
         if (qstrcmp(found->macAddr, bssid) == 0) {
-            APData network = *found;
-            qstrncpy(network.psk, qstrcmp(password, "-") == 0 ? "" : password, sizeof network.psk);
-            network.authMode = 1;
-            return network;
+            return found;
         }
     }
-    APData unknown;
-    std::memset(&unknown, 0, sizeof unknown);
-    return unknown;
+    return nullptr;
+}
+
+/** What the page would ask for; a network that is not in the list has no name. */
+APData chosen(const char* bssid, const char* password)
+{
+    APData network;
+    std::memset(&network, 0, sizeof network);
+    if (const APData* found = inTheList(bssid)) {
+        network = *found;
+        qstrncpy(network.psk, qstrcmp(password, "-") == 0 ? "" : password, sizeof network.psk);
+        network.authMode = 1;
+    }
+    return network;
 }
 
 } // namespace
@@ -70,6 +77,10 @@ int main(int argc, char** argv)
     char bssid[18] = "";
     char password[200] = "";
     while (std::scanf("%17s %199s", bssid, password) == 2) {
+        // The radio passes quickly over a channel; while the host is busy, an access point may answer too late for it.
+        for (int scan = 1; scan <= 3 && !inTheList(bssid); ++scan) {
+            manager->recCmdScanAP();
+        }
         manager->receiveAPManageInfo(markAsJoining, chosen(bssid, password));
         waitForWorkers();
         std::fputs("over\n", answers);
