@@ -5,6 +5,7 @@
 
 #include "fakesystem.h"
 #include "latch.h"
+#include "processusage.h"
 #include "raglobalfun.h"
 #include "rawifiglobals.h"
 #include "rawifiservice.h"
@@ -102,10 +103,9 @@ inline int joinOnAWorker(RaWifiService& service, const Request& request)
 /** As joinOnAWorker(), until the DHCP stage is over, too, whatever it found: it uses the same files as other scripts. */
 inline int joinToTheEnd(RaWifiService& service, const Request& request)
 {
-    const auto threads = [] { return QDir(QLatin1String("/proc/self/task")).entryList(QDir::Dirs).size(); };
-    const auto before = threads();
+    const auto before = processusage::threads().size();
     const int result = joinOnAWorker(service, request);
-    while (threads() > before) {
+    while (processusage::threads().size() > before) {
         QCoreApplication::processEvents();
         std::this_thread::yield();
     }
